@@ -1,0 +1,19 @@
+# Compiler settings shared by every target, as a usage requirement rather than as globals.
+
+add_library(velko_options INTERFACE)
+
+# Flat areas must stay exact whatever the machine: no fused multiply-add in the scaling code.
+target_compile_options(
+    velko_options
+    INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off)
+
+if(VELKO_SANITIZE)
+    target_compile_options(
+        velko_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                -fno-omit-frame-pointer)
+    target_link_options(velko_options INTERFACE -fsanitize=address,undefined)
+    if(VELKO_BUILD_FUZZERS)
+        # Coverage feedback for the fuzzers; only they bring a libFuzzer main.
+        target_compile_options(velko_options INTERFACE -fsanitize=fuzzer-no-link)
+    endif()
+endif()

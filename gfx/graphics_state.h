@@ -1,0 +1,93 @@
+#pragma once
+
+#include "gfx/pixel_image.h"
+#include "rom/game_config.h"
+#include "rom/rom_image.h"
+#include "store/room_data_store.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+namespace velko {
+
+inline constexpr std::size_t kPatternMemorySize = 8192;
+inline constexpr std::size_t kPatternTable1 = 0x1000;
+
+// Where a unit type's sprite animation stands.
+struct UnitAnimation {
+    std::uint16_t scriptAddress = 0; // CPU address
+    std::uint8_t frameOffset = 0;    // of the current frame within the script
+    std::uint8_t delay = 0;          // ticks before the next frame
+};
+
+// The graphics of the room that is shown: the console's pattern memory, filled as the game fills
+// it, the colours, and the position of every animated sprite. selectRoom() must run before a
+// room is drawn. Reads past the end of the image give its filler; writes past pattern memory are
+// dropped.
+class GraphicsState {
+public:
+    GraphicsState(const RomImage& rom, const GameConfig& config, RoomDataStore& store);
+
+    std::array<Pixel, 64> colourTable{};       // index: NES colour number
+    std::array<Pixel, 16> physicsBaseColour{}; // index: physics value
+    std::array<ColourSet4, 16> physicsShades{};
+    // Bytes 0x0000-0x0FFF: pattern table 0 (sprites), 0x1000-0x1FFF: pattern table 1 (background).
+    std::array<std::uint8_t, kPatternMemorySize> patternMemory{};
+    std::array<UnitAnimation, kUnitTypes> unitAnimation{};
+
+    std::uint8_t currentRoom() const { return m_currentRoom; }
+    // Points the level handlers at `room`, fills pattern memory, restarts the animations.
+    void selectRoom(std::uint8_t room);
+
+    void buildPatternMemory();
+    // Applies the list that `pahTileLoadType2` points at, without clearing first.
+    void applyType2Loads();
+    // Fills background block `slot` (0-63) of pattern table 1.
+    void buildBackgroundBlock(std::uint32_t slot);
+
+    void resetUnitAnimation();
+    // One tick: every type whose sprite register is 1 counts down and moves on at 0.
+    void stepUnitAnimation();
+
+    // The pixel of a NES colour number; only its low 6 bits count.
+    Pixel colour(std::uint8_t nesColour) const { return colourTable[nesColour & 63]; }
+    // Colours of a metatile drawn with palette 0-7 of the room. Colour 0 is always entry 16.
+    ColourSet4 metatileColours(std::uint32_t paletteIndex) const;
+    // The room's sprite set 0-3: entries 16 + 4 x set to 19 + 4 x set.
+    ColourSet4 spriteColours(std::uint32_t set) const;
+
+    // 16x16 pixels at row y, column x from the four tiles that start at `tileNumber` (0-255) of
+    // pattern table 1, in column order. Past tile 255 the number wraps within the table.
+    void drawMetatile(PixelImage& image, int y, int x, std::uint8_t tileNumber,
+                      std::uint32_t paletteIndex) const;
+    void drawMetatileWithColours(PixelImage& image, int y, int x, std::uint8_t tileNumber,
+                                 const ColourSet4& colours) const;
+    // One tile of pattern table 1, opaque.
+    void drawSingleTile(PixelImage& image, int y, int x, std::uint8_t tileNumber,
+                        const ColourSet4& colours) const;
+    // One tile of pattern table 0, transparent, not flipped.
+    void drawSpriteTile(PixelImage& image, int y, int x, std::uint8_t tileNumber,
+                        const ColourSet4& colours) const;
+
+    struct SpriteStyle {
+        bool mirrored = false;
+        bool highlight = false;  // with the room palette: entry 3 becomes an orange
+        float brightness = 0.0F; // of that orange, 0 to 1
+        bool useRoomPalette = true;
+        std::array<Pixel, 16> colours{}; // four sets of four, used without the room palette
+    };
+    // One frame of a sprite script around the position (x, y).
+    void drawSpriteFrame(PixelImage& image, int y, int x, std::uint16_t scriptAddress,
+                         std::uint32_t frameOffset, const SpriteStyle& style) const;
+
+private:
+    std::uint8_t scriptByte(std::uint16_t scriptAddress, std::uint32_t offset) const;
+
+    const RomImage& m_rom;
+    const GameConfig& m_config;
+    RoomDataStore& m_store;
+    std::uint8_t m_currentRoom = 0;
+};
+
+} // namespace velko

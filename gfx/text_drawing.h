@@ -1,0 +1,23 @@
+#pragma once
+
+#include "gfx/pixel_image.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace velko {
+
+enum TextFlags : std::uint32_t {
+    kTextPlain = 0,
+    kTextShadow = 1,  // drawn in black 3 pixels right and down first
+    kTextOutline = 2, // drawn in black around the text first
+};
+
+// Draws one line of UTF-8 text in a bold face whose cells are `fontWidth` x `fontHeight` pixels,
+// left-aligned in the rectangle from (left, top) to the image's right edge, `fontHeight` high;
+// nothing is drawn outside it. The face is part of the program, so a picture looks the same on
+// every machine. `colour` is 0x00BBGGRR, as text colours are told to window systems.
+void drawText(std::string_view text, PixelImage& image, int top, int left, int fontWidth,
+              int fontHeight, std::uint32_t colour, std::uint32_t flags = kTextPlain);
+
+} // namespace velko

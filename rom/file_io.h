@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velko {
+
+// The largest file that loadFile reads, in bytes. An odd bound, kept as it is.
+inline constexpr std::uint32_t kLargestFile = 0x4EEFFFBC;
+
+// Reads a whole file. Returns nothing when it cannot be opened or read, is empty, is no regular
+// file, or is larger than kLargestFile.
+std::optional<std::vector<std::uint8_t>> loadFile(const std::filesystem::path& path);
+
+// Creates or truncates the file and writes `bytes`. A failure to open or write is not reported.
+void saveFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
+
+// Paths and texts are UTF-8 at the program's edges, on every platform.
+std::filesystem::path pathFromUtf8(std::string_view text);
+std::string utf8FromPath(const std::filesystem::path& path);
+
+} // namespace velko

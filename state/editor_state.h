@@ -1,0 +1,36 @@
+#pragma once
+
+#include "gfx/graphics_state.h"
+#include "gfx/resources.h"
+#include "gfx/room_renderer.h"
+#include "rom/game_config.h"
+#include "rom/name_lists.h"
+#include "rom/rom_image.h"
+#include "store/room_data_store.h"
+
+namespace velko {
+
+// Everything that lives from start-up to exit. The program owns one, each test builds its own;
+// windows and models take it by reference. Open ROM and Revert replace the image's bytes only.
+struct EditorState {
+    EditorState() = default;
+    EditorState(const EditorState&) = delete; // its parts refer to one another
+    EditorState& operator=(const EditorState&) = delete;
+
+    RomImage rom;
+    GameConfig config;
+    RoomDataStore store{rom};
+    NameLists names;
+    Resources resources;
+    GraphicsState graphics{rom, config, store};
+    RoomRenderer renderer{rom, config, store, graphics};
+    // The window system's button-face colour, which pictures use as their background.
+    Pixel backgroundColour = 0xF0F0F0;
+
+    // The room being edited.
+    std::uint8_t currentRoom() const { return graphics.currentRoom(); }
+    // Runs after every ROM load: the free space of every region, then the current room.
+    void prepareRoomData();
+};
+
+} // namespace velko

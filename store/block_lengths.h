@@ -1,0 +1,26 @@
+#pragma once
+
+#include "store/pointer_array_handler.h"
+
+#include <cstdint>
+
+namespace velko {
+
+// How long a block is, in bytes. Blocks carry no length of their own: each kind of data has its
+// rule. Length 0 means that the room has no block.
+
+inline constexpr std::uint32_t kPaletteLength = 32;
+inline constexpr std::uint32_t kTileLoadLength = 96;
+inline constexpr std::uint32_t kTile32Length = 1024;
+// Type-2 load lists without an end mark are read to this many bytes.
+inline constexpr std::uint32_t kLongestTileLoadType2 = 0x1000;
+
+// The screen list of a room, terminator word included: the byte offset of the first $FFFF word
+// (or 0x10000 when there is none at a smaller offset) plus 2.
+std::uint32_t mapAllocLength(const PointerArrayHandler& mapAlloc, std::uint32_t room);
+// Stored width times stored height of the room.
+std::uint32_t mapLayoutLength(const PointerArrayHandler& mapLayout, std::uint32_t room);
+// Number of words before the first $FFFF, at most 0x10000.
+std::uint32_t mapAllocWords(const PointerArrayHandler& mapAlloc, std::uint32_t room);
+
+} // namespace velko

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "rom/game_config.h"
+#include "rom/rom_image.h"
+
+#include <cstdint>
+
+namespace velko {
+
+// One kind of room data: a table of 16-bit little-endian CPU addresses, one entry per room, that
+// points at packed blocks of varying length in a data region. Several rooms may point at the
+// same block. A table entry is `pointerPad` bytes long; bytes 0-1 are the address, what follows
+// are parameters of the room.
+//
+// The handler keeps no copy of the data: every query reads the image again, so an edit by one
+// page is seen at once by all. The accessors never fail and never check a room number against
+// the table: an index past it reads whatever bytes follow.
+class PointerArrayHandler {
+public:
+    static constexpr std::int32_t kFreeSpaceUnknown = -1;
+
+    explicit PointerArrayHandler(RomImage& rom, const PointerArrayDescriptor& descriptor = {});
+
+    const PointerArrayDescriptor& descriptor() const { return m_descriptor; }
+    // Replaces the description; room and free space are kept.
+    void setDescriptor(const PointerArrayDescriptor& descriptor) { m_descriptor = descriptor; }
+
+    // The room that the operations without a room argument use. Any value is accepted.
+    void selectRoom(std::uint32_t room) { m_currentRoom = room; }
+    std::uint32_t currentRoom() const { return m_currentRoom; }
+
+    // Unused bytes at the top of the data region; kFreeSpaceUnknown blocks inserting and
+    // deleting. Negative when the blocks already reach beyond `dEdge`.
+    std::int32_t freeSpace() const { return m_freeSpace; }
+    void setFreeSpace(std::int32_t bytes) { m_freeSpace = bytes; }
+
+    // (`pMemEdge` - `pMemStart`) / `pointerPad`, which may exceed the number of rooms; 0 when
+    // `pointerPad` is 0, negative when the table's end lies before its start.
+    std::int32_t entryCount() const;
+
+    // The room's pointer plus `offset`, modulo 65536: a CPU address.
+    std::uint16_t pointerOf(std::uint32_t room, std::uint32_t offset) const;
+    std::uint16_t pointerOf(std::uint32_t room) const { return pointerOf(room, 0); }
+    std::uint16_t pointerOf() const { return pointerOf(m_currentRoom, 0); }
+    void setPointer(std::uint32_t room, std::uint16_t cpuAddress);
+
+    // Byte `index` of the room's table entry.
+    std::uint8_t entryByte(std::uint32_t index, std::uint32_t room) const;
+    std::uint8_t entryByte(std::uint32_t index) const { return entryByte(index, m_currentRoom); }
+    void setEntryByte(std::uint32_t index, std::uint8_t value, std::uint32_t room);
+    void setEntryByte(std::uint32_t index, std::uint8_t value)
+    {
+        setEntryByte(index, value, m_currentRoom);
+    }
+
+    // File offset of the room's table entry. The whole sum is masked to 32 KB, so a table at
+    // $C000-$FFFF lies in the second 16 KB above `pBank`.
+    std::uint32_t entryFileOffset(std::uint32_t room) const;
+    // File offset of a CPU address in the data region.
+    std::uint32_t dataFileOffset(std::uint16_t cpuAddress) const;
+
+    // The byte or little-endian word `offset` bytes into the room's block. A word's second byte
+    // is the next byte of the file, even where the next address would map elsewhere.
+    std::uint8_t dataByte(std::uint32_t offset, std::uint32_t room) const;
+    std::uint8_t dataByte(std::uint32_t offset) const { return dataByte(offset, m_currentRoom); }
+    std::uint16_t dataWord(std::uint32_t offset, std::uint32_t room) const;
+    std::uint16_t dataWord(std::uint32_t offset) const { return dataWord(offset, m_currentRoom); }
+    void setDataByte(std::uint32_t offset, std::uint8_t value);
+    void setDataWord(std::uint32_t offset, std::uint16_t value);
+
+private:
+    RomImage& m_rom;
+    PointerArrayDescriptor m_descriptor;
+    std::uint32_t m_currentRoom = 0;
+    std::int32_t m_freeSpace = kFreeSpaceUnknown;
+};
+
+} // namespace velko
