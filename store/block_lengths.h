@@ -15,6 +15,10 @@ inline constexpr std::uint32_t kTile32Length = 1024;
 // Type-2 load lists without an end mark are read to this many bytes.
 inline constexpr std::uint32_t kLongestTileLoadType2 = 0x1000;
 
+// Bytes of a map layout's table entry that hold the room's stored width and height.
+inline constexpr std::uint32_t kMapWidthByte = 2;
+inline constexpr std::uint32_t kMapHeightByte = 3;
+
 // The screen list of a room, terminator word included: the byte offset of the first $FFFF word
 // (or 0x10000 when there is none at a smaller offset) plus 2.
 std::uint32_t mapAllocLength(const PointerArrayHandler& mapAlloc, std::uint32_t room);

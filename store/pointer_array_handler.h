@@ -29,8 +29,9 @@ public:
     void selectRoom(std::uint32_t room) { m_currentRoom = room; }
     std::uint32_t currentRoom() const { return m_currentRoom; }
 
-    // Unused bytes at the top of the data region; kFreeSpaceUnknown blocks inserting and
-    // deleting. Negative when the blocks already reach beyond `dEdge`.
+    // Unused bytes at the top of the data region, negative when the blocks already reach beyond
+    // `dEdge`. Exactly kFreeSpaceUnknown blocks inserting and deleting, even where a region that
+    // is over-full by one byte was computed to be just that.
     std::int32_t freeSpace() const { return m_freeSpace; }
     void setFreeSpace(std::int32_t bytes) { m_freeSpace = bytes; }
 

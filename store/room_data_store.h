@@ -28,8 +28,10 @@ struct RoomDataStore {
     void configure(const GameConfig& config);
     // Points the seven level handlers at `room`.
     void selectRoom(std::uint32_t room);
-    // Computes the free space of the seven level handlers over rooms 0 to `rooms` - 1, as once
-    // after every ROM load. `pahMapAlloc` stays pointed at the room whose block lies highest.
+    // Computes the free space of the seven level handlers over rooms 0 to `rooms` - 1 (at most
+    // kMostRooms), as once after every ROM load; free_space.h tells the rule of each. On purpose
+    // `pahTileLoadType2` is looked at two entries further, and `pahMapAlloc` stays pointed at the
+    // room whose block lies highest. Nothing is clamped: a result below 0 is kept.
     void computeFreeSpace(std::uint32_t rooms);
 };
 
