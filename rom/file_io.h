@@ -13,6 +13,15 @@ namespace velko {
 // The largest file that loadFile reads, in bytes. An odd bound, kept as it is.
 inline constexpr std::uint32_t kLargestFile = 0x4EEFFFBC;
 
+// Whether a file of `size` bytes is neither empty (nor of unknown size, -1) nor too large.
+constexpr bool isLoadableSize(std::int64_t size)
+{
+    return size > 0 && size <= kLargestFile;
+}
+
+// Whether there is a file of bytes at `path`: no folder, pipe or device, and not nothing.
+bool isRegularFile(const std::filesystem::path& path);
+
 // Reads a whole file. Returns nothing when it cannot be opened or read, is empty, is no regular
 // file, or is larger than kLargestFile.
 std::optional<std::vector<std::uint8_t>> loadFile(const std::filesystem::path& path);
@@ -20,7 +29,8 @@ std::optional<std::vector<std::uint8_t>> loadFile(const std::filesystem::path& p
 // Creates or truncates the file and writes `bytes`. A failure to open or write is not reported.
 void saveFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 
-// Paths and texts are UTF-8 at the program's edges, on every platform.
+// Paths and texts are UTF-8 at the program's edges, on every platform. What cannot be converted
+// (a file name that is no text) becomes empty.
 std::filesystem::path pathFromUtf8(std::string_view text);
 std::string utf8FromPath(const std::filesystem::path& path);
 

@@ -1,0 +1,113 @@
+#include "rom/file_io.h"
+
+#include "tests/support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace velko {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+TEST(LoadFile, ReadsEveryByteAsItIs)
+{
+    const test::TemporaryFolder folder;
+    const Bytes bytes = {0x00, 0x0D, 0x0A, 0x1A, 0xFF, 0x0A};
+    EXPECT_EQ(loadFile(folder.write("file.bin", bytes)), bytes);
+}
+
+TEST(LoadFile, MissingFileIsRefused)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(loadFile(folder.path() / "missing.bin"), std::nullopt);
+    EXPECT_EQ(loadFile({}), std::nullopt);
+}
+
+TEST(LoadFile, EmptyFileIsRefused)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(loadFile(folder.write("empty.bin", std::string_view())), std::nullopt);
+}
+
+TEST(LoadFile, FolderIsRefused)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(loadFile(folder.path()), std::nullopt);
+}
+
+TEST(LoadFile, FilePastTheLimitIsRefused)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("huge.bin", std::string_view("x"));
+    std::error_code error;
+    // All hole: it takes no room on the disk, and is refused before anything is read.
+    std::filesystem::resize_file(path, 1324351421, error);
+    if (error)
+        GTEST_SKIP() << "no file of that size can be made here: " << error.message();
+    EXPECT_EQ(loadFile(path), std::nullopt);
+}
+
+TEST(LoadFile, SizeLimits)
+{
+    EXPECT_FALSE(isLoadableSize(-1));
+    EXPECT_FALSE(isLoadableSize(0));
+    EXPECT_TRUE(isLoadableSize(1));
+    EXPECT_TRUE(isLoadableSize(1324351420));
+    EXPECT_FALSE(isLoadableSize(1324351421));
+    EXPECT_FALSE(isLoadableSize(0x100000001));
+}
+
+TEST(SaveFile, CreatesTheFile)
+{
+    const test::TemporaryFolder folder;
+    saveFile(folder.path() / "new.bin", Bytes{0x0A, 0x0D, 0x00});
+    EXPECT_EQ(loadFile(folder.path() / "new.bin"), (Bytes{0x0A, 0x0D, 0x00}));
+}
+
+TEST(SaveFile, ReplacesALongerFile)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("file.bin", std::string_view("a longer text"));
+    saveFile(path, Bytes{1});
+    EXPECT_EQ(loadFile(path), Bytes{1});
+}
+
+TEST(SaveFile, NoBytesMakeAnEmptyFile)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("file.bin", std::string_view("text"));
+    saveFile(path, {});
+    EXPECT_EQ(std::filesystem::file_size(path), 0U);
+}
+
+TEST(SaveFile, FailureIsSilent)
+{
+    const test::TemporaryFolder folder;
+    saveFile(folder.path(), Bytes{1, 2});
+    saveFile(folder.path() / "missing" / "file.bin", Bytes{1, 2});
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(PathFromUtf8, IsTheInverseOfUtf8FromPath)
+{
+    EXPECT_EQ(utf8FromPath(pathFromUtf8("Häuser/城.nes")), "Häuser/城.nes");
+    EXPECT_EQ(utf8FromPath({}), "");
+}
+
+TEST(PathFromUtf8, NamesTheFileOfThatText)
+{
+    const test::TemporaryFolder folder;
+    saveFile(folder.path() / pathFromUtf8("größe.nes"), Bytes{7});
+    EXPECT_EQ(loadFile(folder.path() / std::filesystem::path(u8"größe.nes")), Bytes{7});
+}
+
+TEST(IsRegularFile, OnlyAFileOfBytesIs)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_TRUE(isRegularFile(folder.write("file.bin", std::string_view())));
+    EXPECT_FALSE(isRegularFile(folder.path()));
+    EXPECT_FALSE(isRegularFile(folder.path() / "missing.bin"));
+}
+
+} // namespace
+} // namespace velko
