@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gfx/pixel_image.h"
+#include "gfx/tile_drawing.h"
 #include "rom/game_config.h"
 #include "rom/rom_image.h"
 #include "store/room_data_store.h"
@@ -46,8 +47,11 @@ public:
     // Fills background block `slot` (0-63) of pattern table 1.
     void buildBackgroundBlock(std::uint32_t slot);
 
+    // Back to the start of each type's script. A type without a script (address 0) keeps its
+    // delay.
     void resetUnitAnimation();
-    // One tick: every type whose sprite register is 1 counts down and moves on at 0.
+    // One tick: every type whose sprite register is 1 counts down and moves on at 0. Count and
+    // frame offset are bytes: a delay of 0 lasts 256 ticks, and an offset past 255 wraps.
     void stepUnitAnimation();
 
     // The pixel of a NES colour number; only its low 6 bits count.
@@ -57,8 +61,12 @@ public:
     // The room's sprite set 0-3: entries 16 + 4 x set to 19 + 4 x set.
     ColourSet4 spriteColours(std::uint32_t set) const;
 
-    // 16x16 pixels at row y, column x from the four tiles that start at `tileNumber` (0-255) of
-    // pattern table 1, in column order. Past tile 255 the number wraps within the table.
+    // A tile of pattern table 0 or 1.
+    TileBytes tile(std::size_t patternTable, std::uint8_t tileNumber) const;
+
+    // 16x16 pixels at row y, column x (neither of them negative) from the four tiles that start at
+    // `tileNumber` (0-255) of pattern table 1, in column order. Past tile 255 the number wraps
+    // within the table.
     void drawMetatile(PixelImage& image, int y, int x, std::uint8_t tileNumber,
                       std::uint32_t paletteIndex) const;
     void drawMetatileWithColours(PixelImage& image, int y, int x, std::uint8_t tileNumber,
@@ -77,12 +85,17 @@ public:
         bool useRoomPalette = true;
         std::array<Pixel, 16> colours{}; // four sets of four, used without the room palette
     };
-    // One frame of a sprite script around the position (x, y).
+    // One frame of a sprite script around the position (x, y). The script's address is mapped to
+    // the file once; offsets within it are counted in the file, even past the end of the bank.
     void drawSpriteFrame(PixelImage& image, int y, int x, std::uint16_t scriptAddress,
                          std::uint32_t frameOffset, const SpriteStyle& style) const;
 
 private:
     std::uint8_t scriptByte(std::uint16_t scriptAddress, std::uint32_t offset) const;
+    // Offset of the control byte behind the pieces of the frame at `frameOffset`.
+    std::uint32_t controlOffset(std::uint16_t scriptAddress, std::uint32_t frameOffset) const;
+    std::uint8_t frameDelay(const UnitAnimation& animation) const;
+    void advanceToNextFrame(UnitAnimation& animation) const;
 
     const RomImage& m_rom;
     const GameConfig& m_config;

@@ -1,0 +1,175 @@
+#include "gfx/graphics_state.h"
+
+#include "store/block_lengths.h"
+
+#include <algorithm>
+
+namespace velko {
+
+namespace {
+
+// Entries of a room's palette block.
+constexpr std::uint32_t kFirstSpriteEntry = 16;
+constexpr std::uint32_t kEntriesPerSet = 4;
+
+// A record of the type-2 load table.
+constexpr std::uint32_t kLoadRecordBytes = 5;
+constexpr std::uint8_t kLoadListEnd = 0x80; // this byte and any above it
+
+// The tile-load block: 64 block numbers, then an attribute nibble for each.
+constexpr std::uint32_t kBackgroundBlocks = 64;
+constexpr std::uint32_t kBackgroundBlockBytes = 64;
+constexpr std::uint32_t kAttributeStart = 64;
+constexpr std::uint8_t kAttributeBank = 3;
+constexpr std::uint8_t kAttributeMirror = 4;
+
+// Reads bytes as RomImage::readByte() does, but as a block: this runs for every change of room.
+void readBlock(const RomImage& rom, std::uint32_t fileOffset, std::span<std::uint8_t> block)
+{
+    const std::span<const std::uint8_t> bytes = rom.bytes();
+    while (!block.empty()) {
+        // File offsets wrap at 32 bits.
+        const auto piece = block.first(static_cast<std::size_t>(
+            std::min<std::uint64_t>(block.size(), 0x100000000 - std::uint64_t{fileOffset})));
+        const std::size_t inside =
+            fileOffset < bytes.size() ? std::min(piece.size(), bytes.size() - fileOffset) : 0;
+        if (inside > 0)
+            std::copy_n(bytes.begin() + fileOffset, inside, piece.begin());
+        std::fill(piece.begin() + static_cast<std::ptrdiff_t>(inside), piece.end(),
+                  RomImage::kPastEnd);
+        block = block.subspan(piece.size());
+        fileOffset = 0;
+    }
+}
+
+constexpr std::uint8_t reversedBits(std::uint8_t byte)
+{
+    unsigned b = byte;
+    b = ((b & 0xF0) >> 4) | ((b & 0x0F) << 4);
+    b = ((b & 0xCC) >> 2) | ((b & 0x33) << 2);
+    b = ((b & 0xAA) >> 1) | ((b & 0x55) << 1);
+    return static_cast<std::uint8_t>(b);
+}
+
+// Mirrors a 16x16 block left to right: exchanges its two columns of tiles and mirrors each tile.
+void mirrorBlock(std::span<std::uint8_t, kBackgroundBlockBytes> block)
+{
+    std::rotate(block.begin(), block.begin() + kBackgroundBlockBytes / 2, block.end());
+    std::transform(block.begin(), block.end(), block.begin(), reversedBits);
+}
+
+} // namespace
+
+GraphicsState::GraphicsState(const RomImage& rom, const GameConfig& config, RoomDataStore& store)
+    : m_rom(rom), m_config(config), m_store(store)
+{
+}
+
+void GraphicsState::selectRoom(std::uint8_t room)
+{
+    m_currentRoom = room;
+    m_store.selectRoom(room);
+    buildPatternMemory();
+    resetUnitAnimation();
+}
+
+void GraphicsState::buildPatternMemory()
+{
+    patternMemory.fill(0);
+    applyType2Loads();
+    for (std::uint32_t slot = 0; slot < kBackgroundBlocks; ++slot)
+        buildBackgroundBlock(slot);
+}
+
+void GraphicsState::applyType2Loads()
+{
+    const std::uint32_t records = m_config.value(MiscField::ptrTileLoadType2);
+    const std::uint32_t bankStart =
+        m_config.value(MiscField::startGfxType2) * kBankSize + kHeaderSize;
+    for (std::uint32_t i = 0; i < kLongestTileLoadType2; ++i) {
+        const std::uint8_t id = m_store.pahTileLoadType2.dataByte(i);
+        if (id >= kLoadListEnd)
+            return;
+        std::array<std::uint8_t, kLoadRecordBytes> record{};
+        readBlock(m_rom, records + kLoadRecordBytes * id, record);
+        // The source may lead on into the following banks. The destination is big-endian.
+        const std::uint32_t source = bankStart + record[0] + (record[1] << 8);
+        const std::size_t destination = (std::size_t{record[2]} << 8) + record[3];
+        const std::size_t length = record[4] * kTileBytes;
+        if (destination >= kPatternMemorySize)
+            continue;
+        readBlock(m_rom, source,
+                  std::span(patternMemory)
+                      .subspan(destination, std::min(length, kPatternMemorySize - destination)));
+    }
+}
+
+void GraphicsState::buildBackgroundBlock(std::uint32_t slot)
+{
+    if (slot >= kBackgroundBlocks)
+        return;
+    const std::uint8_t number = m_store.pahTileLoad.dataByte(slot);
+    const std::uint8_t nibbles = m_store.pahTileLoad.dataByte(kAttributeStart + slot / 2);
+    const unsigned attribute = slot % 2 == 0 ? nibbles >> 4 : nibbles & 0xF;
+
+    const std::uint32_t bank = m_config.value(MiscField::startGfxBg) + (attribute & kAttributeBank);
+    const auto block = std::span(patternMemory)
+                           .subspan(kPatternTable1 + slot * kBackgroundBlockBytes)
+                           .first<kBackgroundBlockBytes>();
+    readBlock(m_rom, bank * kBankSize + number * kBackgroundBlockBytes + kHeaderSize, block);
+    if (attribute & kAttributeMirror)
+        mirrorBlock(block);
+}
+
+ColourSet4 GraphicsState::metatileColours(std::uint32_t paletteIndex) const
+{
+    const PointerArrayHandler& palette = m_store.pahPal;
+    const std::uint32_t set = kEntriesPerSet * (paletteIndex & 7);
+    // The console's backdrop is one colour for all sets; the game keeps it in the first sprite
+    // entry, not in entry 0 of the set.
+    return {colour(palette.dataByte(kFirstSpriteEntry)), colour(palette.dataByte(set + 1)),
+            colour(palette.dataByte(set + 2)), colour(palette.dataByte(set + 3))};
+}
+
+ColourSet4 GraphicsState::spriteColours(std::uint32_t set) const
+{
+    const PointerArrayHandler& palette = m_store.pahPal;
+    const std::uint32_t first = kFirstSpriteEntry + kEntriesPerSet * (set & 3);
+    return {colour(palette.dataByte(first)), colour(palette.dataByte(first + 1)),
+            colour(palette.dataByte(first + 2)), colour(palette.dataByte(first + 3))};
+}
+
+TileBytes GraphicsState::tile(std::size_t patternTable, std::uint8_t tileNumber) const
+{
+    const std::size_t offset = (patternTable & 1) * kPatternTable1 + tileNumber * kTileBytes;
+    return std::span(patternMemory).subspan(offset).first<kTileBytes>();
+}
+
+void GraphicsState::drawMetatile(PixelImage& image, int y, int x, std::uint8_t tileNumber,
+                                 std::uint32_t paletteIndex) const
+{
+    drawMetatileWithColours(image, y, x, tileNumber, metatileColours(paletteIndex));
+}
+
+void GraphicsState::drawMetatileWithColours(PixelImage& image, int y, int x,
+                                            std::uint8_t tileNumber,
+                                            const ColourSet4& colours) const
+{
+    const bool cornerInside = y >= 0 && static_cast<std::uint32_t>(y) < image.height() && x >= 0
+        && static_cast<std::uint32_t>(x) < image.width();
+    if (!cornerInside)
+        return;
+    // Column order. The order counts at an image's right edge, where opaque tiles overlap.
+    drawSingleTile(image, y, x, tileNumber, colours);
+    drawSingleTile(image, y + 8, x, static_cast<std::uint8_t>(tileNumber + 1), colours);
+    drawSingleTile(image, y, x + 8, static_cast<std::uint8_t>(tileNumber + 2), colours);
+    drawSingleTile(image, y + 8, x + 8, static_cast<std::uint8_t>(tileNumber + 3), colours);
+}
+
+void GraphicsState::drawSingleTile(PixelImage& image, int y, int x, std::uint8_t tileNumber,
+                                   const ColourSet4& colours) const
+{
+    drawTileOpaque(image, y, x, tile(1, tileNumber), colours);
+}
+
+} // namespace velko
