@@ -20,6 +20,8 @@ struct PointerArrayDescriptor {
     std::uint16_t pMemEdge = 0;   // one past the last table entry
     std::uint16_t dEdge = 0;      // one past the end of the data region
     std::uint32_t pointerPad = 2; // bytes from one table entry to the next
+
+    bool operator==(const PointerArrayDescriptor&) const = default;
 };
 
 // The loose numbers of `miscData`, in storage order: a sequence that starts at one of them runs
@@ -94,6 +96,8 @@ struct GameConfig {
 
     // The number of rooms in use, 0 to kMostRooms, whatever `rooms` says.
     std::uint32_t roomCount() const;
+
+    bool operator==(const GameConfig&) const = default;
 };
 
 } // namespace velko

@@ -1,0 +1,167 @@
+#include "rom/data_yaml.h"
+
+#include "rom/file_io.h"
+#include "rom/yaml_events.h"
+#include "rom/yaml_keys.h"
+
+#include <string>
+
+namespace velko {
+
+namespace {
+
+constexpr std::string_view kNoParser = "Failed to initialize YAML parser.";
+constexpr std::string_view kNoFile = "Couldn't load the YAML file!";
+constexpr std::string_view kMalformed = "Problem while parsing YAML.";
+constexpr std::string_view kUnknownScalar =
+    "YAML content recognized as neither key or value. (Check spelling and letter case!). "
+    "Press Cancel to quit.";
+
+// The text of a scalar; empty for other events.
+std::string_view scalarOf(const yaml_event_t& event)
+{
+    if (event.type != YAML_SCALAR_EVENT)
+        return {};
+    return {reinterpret_cast<const char*>(event.data.scalar.value), event.data.scalar.length};
+}
+
+// The odd wording is what readers of the trace look for.
+std::string_view traceText(yaml_event_type_t type)
+{
+    switch (type) {
+    case YAML_STREAM_START_EVENT:
+        return "Now YAML reading starts.";
+    case YAML_DOCUMENT_START_EVENT:
+        return "Now YAML readins starts also.";
+    case YAML_ALIAS_EVENT:
+        return "There was an alias.";
+    case YAML_SCALAR_EVENT:
+        return "There was a SCALAR: ";
+    case YAML_SEQUENCE_START_EVENT:
+        return "There was a sequence start.";
+    case YAML_SEQUENCE_END_EVENT:
+        return "There was a sequence end.";
+    case YAML_MAPPING_START_EVENT:
+        return "There was a mapping start.";
+    case YAML_MAPPING_END_EVENT:
+        return "There was a mapping end.";
+    case YAML_NO_EVENT:
+    case YAML_DOCUMENT_END_EVENT:
+    case YAML_STREAM_END_EVENT:
+        break;
+    }
+    return "Now YAML reading ends.";
+}
+
+// Walks the events of one `data.yaml` and fills the configuration.
+class Reader {
+public:
+    Reader(YamlEvents& events, GameConfig& config, UserPrompt& prompt, const TraceSink& trace)
+        : m_events(events), m_config(config), m_prompt(prompt), m_trace(trace)
+    {
+    }
+
+    DataYamlResult read()
+    {
+        while (const yaml_event_t* event = m_events.next()) {
+            trace(traceText(event->type), scalarOf(*event));
+            switch (take(*event)) {
+            case Step::kGoOn:
+                break;
+            case Step::kEnd:
+                trace("Now YAML reading ended somehow.");
+                return DataYamlResult::kDone;
+            case Step::kQuit:
+                return DataYamlResult::kQuit;
+            }
+        }
+        m_prompt.showError(kMalformed);
+        return DataYamlResult::kDone;
+    }
+
+private:
+    enum class Step { kGoOn, kEnd, kQuit };
+
+    Step take(const yaml_event_t& event)
+    {
+        switch (event.type) {
+        case YAML_STREAM_START_EVENT:
+        case YAML_DOCUMENT_START_EVENT:
+        case YAML_ALIAS_EVENT:
+            return Step::kGoOn;
+        case YAML_SCALAR_EVENT:
+            return takeScalar(scalarOf(event));
+        case YAML_SEQUENCE_START_EVENT:
+            m_cursor.inSequence = true;
+            return Step::kGoOn;
+        case YAML_SEQUENCE_END_EVENT:
+            m_cursor.inSequence = false;
+            return Step::kGoOn;
+        case YAML_MAPPING_START_EVENT:
+            ++m_cursor.mappingDepth;
+            return Step::kGoOn;
+        case YAML_MAPPING_END_EVENT:
+            --m_cursor.mappingDepth;
+            return Step::kGoOn;
+        case YAML_NO_EVENT:
+        case YAML_DOCUMENT_END_EVENT: // further documents are not read
+        case YAML_STREAM_END_EVENT:
+            break;
+        }
+        return Step::kEnd;
+    }
+
+    Step takeScalar(std::string_view scalar)
+    {
+        // A key is a key even where a value is due.
+        if (matchKey(scalar, m_config, m_cursor)
+            || parseValue(scalar, m_cursor.inSequence, m_cursor.target))
+            return Step::kGoOn;
+        return m_prompt.askOkCancel(kUnknownScalar, scalar) == 0 ? Step::kGoOn : Step::kQuit;
+    }
+
+    void trace(std::string_view text, std::string_view scalar = {}) const
+    {
+        if (m_trace) // the letter behind the line break has always been there
+            m_trace(std::string(text).append(scalar).append("\nl"));
+    }
+
+    YamlEvents& m_events;
+    GameConfig& m_config;
+    UserPrompt& m_prompt;
+    const TraceSink& m_trace;
+    YamlCursor m_cursor;
+};
+
+DataYamlResult stop(UserPrompt& prompt, std::string_view text)
+{
+    prompt.showError(text);
+    return DataYamlResult::kDone;
+}
+
+} // namespace
+
+DataYamlResult loadDataYaml(const std::filesystem::path& path, GameConfig& config,
+                            UserPrompt& prompt, const TraceSink& trace)
+{
+    YamlEvents events;
+    if (!events.isReady())
+        return stop(prompt, kNoParser);
+    const auto text = loadFile(path);
+    if (!text)
+        return stop(prompt, kNoFile);
+    events.setInput(*text);
+    return Reader(events, config, prompt, trace).read();
+}
+
+DataYamlResult readDataYaml(std::span<const std::uint8_t> text, GameConfig& config,
+                            UserPrompt& prompt, const TraceSink& trace)
+{
+    YamlEvents events;
+    if (!events.isReady())
+        return stop(prompt, kNoParser);
+    events.setInput(text);
+    return Reader(events, config, prompt, trace).read();
+}
+
+} // namespace velko

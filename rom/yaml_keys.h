@@ -1,0 +1,35 @@
+#pragma once
+
+#include "rom/game_config.h"
+#include "rom/yaml_values.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace velko {
+
+// The part of `data.yaml` that was entered last.
+enum class YamlSection : std::uint8_t {
+    kNone,
+    kLevelHandlers,
+    kOtherHandlers,
+    kMiscData,
+    kHandlerBanks,
+};
+
+// How far the reading of `data.yaml` has come. The file is read as a flat stream of scalars, so
+// what a key set stays set until another key changes it, wherever the collections end.
+struct YamlCursor {
+    YamlSection section = YamlSection::kNone;
+    PointerArrayDescriptor* handler = nullptr; // filled by the handler field keys
+    YamlTarget target;                         // where the next value goes
+    // Between a sequence start and the next sequence end, whichever sequence that closes.
+    bool inSequence = false;
+    int mappingDepth = -1; // the document's root mapping is depth 0
+};
+
+// Takes a scalar as a key where the cursor stands: aims the cursor at what it names in `config`.
+// Returns false, changing nothing, when it is no key here. Keys are case-sensitive.
+bool matchKey(std::string_view scalar, GameConfig& config, YamlCursor& cursor);
+
+} // namespace velko
