@@ -1,0 +1,58 @@
+#pragma once
+
+#include "demo/art_library.h"
+#include "demo/block_region.h"
+#include "demo/tile32_set.h"
+#include "demo/tile_encoder.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velko::demo {
+
+// The four background banks: 256 blocks of 16x16 pixels each, one bank per art file.
+class BackgroundBanks {
+public:
+    struct Source {
+        std::uint8_t bank = 0;
+        std::uint8_t block = 0;
+        Cell cell; // palette and physics as drawn; the slot is not set
+    };
+
+    // Stores the file's metatiles in `bank` from block 0 on.
+    void addArt(std::uint8_t bank, const ArtFile& art);
+    // Throws DemoError when no art file holds a metatile of that name.
+    const Source& find(std::string_view name) const;
+    void write(Bytes& prg) const;
+
+private:
+    std::array<std::vector<Block>, 4> m_blocks;
+    std::map<std::string, Source, std::less<>> m_sources;
+};
+
+// The 64 background blocks that a room loads, by name. A name that ends in "~" is the block of
+// that name mirrored.
+class Tileset {
+public:
+    // Slot numbers follow the order of the names; slot 0 is what empty cells show.
+    Tileset(const BackgroundBanks& banks, const std::vector<std::string>& names);
+
+    // The cell that shows a block as it is meant to look. Throws DemoError for other names.
+    Cell cell(std::string_view name) const;
+    bool has(std::string_view name) const { return m_cells.find(name) != m_cells.end(); }
+    // What shows where nothing was drawn: slot 0.
+    const Cell& emptyCell() const { return m_emptyCell; }
+    // The room's 96 bytes of block numbers and attribute nibbles.
+    const Bytes& loadBlock() const { return m_loadBlock; }
+
+private:
+    std::map<std::string, Cell, std::less<>> m_cells;
+    Cell m_emptyCell;
+    Bytes m_loadBlock;
+};
+
+} // namespace velko::demo
