@@ -1,0 +1,141 @@
+#include "gfx/text_drawing.h"
+
+#include "gfx/glyph_drawing.h"
+
+#include <cstddef>
+#include <map>
+#include <vector>
+
+namespace velko {
+
+namespace {
+
+// Cells beyond this many pixels are not drawn: no view comes near it, and masks stay small.
+constexpr int kLargestCell = 256;
+
+bool isContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+// Splits UTF-8 into characters. A byte that is no part of UTF-8 counts as Latin-1, which older
+// name lists are written in.
+std::vector<char32_t> charactersOf(std::string_view text)
+{
+    std::vector<char32_t> characters;
+    for (std::size_t i = 0; i < text.size();) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        const std::size_t length = lead >= 0xF0 && lead < 0xF8 ? 4
+            : lead >= 0xE0 && lead < 0xF0                      ? 3
+            : lead >= 0xC0 && lead < 0xE0                      ? 2
+                                                               : 1;
+        char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+        std::size_t used = 1;
+        while (used < length && i + used < text.size() && isContinuation(text[i + used])) {
+            character = character << 6 | (static_cast<unsigned char>(text[i + used]) & 0x3FU);
+            ++used;
+        }
+        if (used < length) { // broken off: the lead byte alone
+            character = lead;
+            used = 1;
+        }
+        characters.push_back(character);
+        i += used;
+    }
+    return characters;
+}
+
+// Mixes `pixel` over what is there, by a mask's coverage.
+void mixOver(Pixel& there, Pixel pixel, unsigned coverage)
+{
+    constexpr unsigned kFull = 255;
+    Pixel mixed = 0;
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        const unsigned over = (pixel >> shift) & 0xFF;
+        const unsigned under = (there >> shift) & 0xFF;
+        mixed |= ((over * coverage + under * (kFull - coverage) + kFull / 2) / kFull) << shift;
+    }
+    there = mixed;
+}
+
+// A line of text, ready to be drawn as often as its shadow or outline needs.
+class TextLine {
+public:
+    TextLine(std::string_view text, int cellWidth, int cellHeight)
+        : m_characters(charactersOf(text)), m_cellWidth(cellWidth), m_cellHeight(cellHeight)
+    {
+    }
+
+    void draw(PixelImage& image, std::int64_t top, std::int64_t left, Pixel pixel)
+    {
+        const std::int64_t imageWidth = image.width();
+        std::int64_t cellLeft = left;
+        for (const char32_t character : m_characters) {
+            if (cellLeft >= imageWidth)
+                break;
+            if (cellLeft + m_cellWidth > 0)
+                drawCell(image, top, cellLeft, maskOf(character), pixel);
+            cellLeft += m_cellWidth;
+        }
+    }
+
+private:
+    const GlyphMask& maskOf(char32_t character)
+    {
+        const auto [entry, isNew] = m_masks.try_emplace(character);
+        if (isNew)
+            entry->second = drawGlyph(strokesOf(character), m_cellWidth, m_cellHeight);
+        return entry->second;
+    }
+
+    static void drawCell(PixelImage& image, std::int64_t top, std::int64_t left,
+                         const GlyphMask& mask, Pixel pixel)
+    {
+        for (int y = 0; y < mask.height; ++y) {
+            if (top + y < 0 || top + y >= image.height())
+                continue;
+            Pixel* row = image.row(static_cast<std::uint32_t>(top + y));
+            const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{y} * mask.width;
+            for (int x = 0; x < mask.width; ++x) {
+                if (coverage[x] != 0 && left + x >= 0 && left + x < image.width())
+                    mixOver(row[left + x], pixel, coverage[x]);
+            }
+        }
+    }
+
+    std::vector<char32_t> m_characters;
+    int m_cellWidth;
+    int m_cellHeight;
+    std::map<char32_t, GlyphMask> m_masks;
+};
+
+} // namespace
+
+void drawText(std::string_view text, PixelImage& image, int top, int left, int fontWidth,
+              int fontHeight, std::uint32_t colour, std::uint32_t flags)
+{
+    constexpr Pixel kBlack = 0;
+    constexpr int kShadowDistance = 3;
+    if (fontWidth < 1 || fontHeight < 1 || fontWidth > kLargestCell || fontHeight > kLargestCell)
+        return;
+    const std::int64_t y = top;
+    const std::int64_t x = left;
+    TextLine line(text, fontWidth, fontHeight);
+    if ((flags & kTextShadow) != 0)
+        line.draw(image, y + kShadowDistance, x + kShadowDistance, kBlack);
+    if ((flags & kTextOutline) != 0) {
+        // Black copies on a grid, a quarter of a cell a quarter larger: with the text's own size
+        // they lie evenly around it, and the outline hugs the letters.
+        const int grownWidth = fontWidth * 5 / 4;
+        const int grownHeight = fontHeight * 5 / 4;
+        const std::int64_t firstX = x - (grownWidth - fontWidth) / 2;
+        const std::int64_t firstY = y - (grownHeight - fontHeight) / 2;
+        for (int row = 0; row < grownHeight / 4; ++row) {
+            for (int column = 0; column < grownWidth / 4; ++column)
+                line.draw(image, firstY + row, firstX + column, kBlack);
+        }
+    }
+    line.draw(image, y, x, swapRedAndBlue(colour));
+}
+
+} // namespace velko
