@@ -14,13 +14,16 @@ void readNameList(const std::filesystem::path& path, std::span<std::string> name
     std::ifstream file;
     if (isRegularFile(path))
         file.open(path, std::ios::binary);
-    bool readable = file.is_open();
+    else
+        file.setstate(std::ios::failbit);
+    readNameList(file, names, fillerSuffix);
+}
+
+void readNameList(std::istream& file, std::span<std::string> names, std::string_view fillerSuffix)
+{
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (readable)
-            names[i] = readLine(file);
-        else
-            names[i] = hexText(static_cast<std::uint32_t>(i)).append(fillerSuffix);
-        readable = readable && file.good();
+        names[i] = file.good() ? readLine(file)
+                               : hexText(static_cast<std::uint32_t>(i)).append(fillerSuffix);
     }
 }
 
