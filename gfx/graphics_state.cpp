@@ -93,7 +93,7 @@ void GraphicsState::applyType2Loads()
         std::array<std::uint8_t, kLoadRecordBytes> record{};
         readBlock(m_rom, records + kLoadRecordBytes * id, record);
         // The source may lead on into the following banks. The destination is big-endian.
-        const std::uint32_t source = bankStart + record[0] + (record[1] << 8);
+        const std::uint32_t source = bankStart + record[0] + (std::uint32_t{record[1]} << 8);
         const std::size_t destination = (std::size_t{record[2]} << 8) + record[3];
         const std::size_t length = record[4] * kTileBytes;
         if (destination >= kPatternMemorySize)
