@@ -1,6 +1,7 @@
 #include "gfx/stroke_font.h"
 
 #include <array>
+#include <charconv>
 #include <cstddef>
 
 namespace velko {
@@ -14,16 +15,16 @@ constexpr StrokePath kHollowBox = "M1 14 L9 14 L9 0 L1 0 L1 14";
 
 // One line per character from '!' to '~'. Horizontal and vertical lines, and curves that end in
 // one of these directions, are put on whole pixels when they are drawn.
+// clang-format off
 constexpr std::array<StrokePath, kLast - kFirst + 1> kStrokes = {
     /* ! */ "M5 14 L5 4.8 M5 0 L5 0",
     /* " */ "M2.5 14 L2.5 10.5 M7.5 14 L7.5 10.5",
     /* # */ "M3 13.5 L3 0.5 M7 13.5 L7 0.5 M0 9.5 L10 9.5 M0 4.5 L10 4.5",
     /* $ */
     "M9.5 10 Q8.5 12 5 12 Q0 12 0 9.5 Q0 7.6 3.6 7.2 L6.4 6.8 Q10 6.4 10 4.5 Q10 2 5 2 "
-    "Q1.5 2 0.5 4 M5 14 L5 0",
-    /* % */
-    "M9.5 13 L0.5 1 M2 14 Q4 14 4 12 Q4 10 2 10 Q0 10 0 12 Q0 14 2 14 "
-    "M8 4 Q10 4 10 2 Q10 0 8 0 Q6 0 6 2 Q6 4 8 4",
+    "Q1.5 2 0.5 4 M5 14 L5 12 M5 2 L5 0",
+    /* % */ "M9.5 13 L0.5 1 M2 14 Q4 14 4 12.2 L4 11.8 Q4 10 2 10 Q0 10 0 11.8 L0 12.2 Q0 14 2 14 "
+            "M8 4 Q10 4 10 2.2 L10 1.8 Q10 0 8 0 Q6 0 6 1.8 L6 2.2 Q6 4 8 4",
     /* & */
     "M10 0 L2.2 9 Q1 10.4 1 11.4 Q1 14 4 14 Q7 14 7 11.4 Q7 9.6 4 7.8 Q0 5.6 0 3.6 Q0 0 4.2 0 "
     "Q8.4 0 9.6 6",
@@ -42,7 +43,7 @@ constexpr std::array<StrokePath, kLast - kFirst + 1> kStrokes = {
     /* 3 */
     "M0.3 11.4 Q1.2 14 5 14 Q10 14 10 10.8 Q10 7.6 5.6 7.6 L3.6 7.6 M5.6 7.6 Q10 7.6 10 3.8 "
     "Q10 0 5 0 Q1 0 0 3",
-    /* 4 */ "M7.5 0 L7.5 14 L0 4 L10 4",
+    /* 4 */ "M7.5 0 L7.5 14 L0 3.6 L10 3.6",
     /* 5 */ "M9.4 14 L1 14 L0.5 7.6 Q2 9 5 9 Q10 9 10 4.5 Q10 0 5 0 Q1 0 0 2.8",
     /* 6 */
     "M9.2 12.4 Q8 14 5.4 14 Q0 14 0 7 L0 5 Q0 0 5 0 Q10 0 10 4.3 Q10 8.6 5.2 8.6 Q1.2 8.6 0 5.4",
@@ -58,9 +59,8 @@ constexpr std::array<StrokePath, kLast - kFirst + 1> kStrokes = {
     /* = */ "M0.5 8.4 L9.5 8.4 M0.5 3.6 L9.5 3.6",
     /* > */ "M1 11 L9 6 L1 1",
     /* ? */ "M0.4 11 Q1.2 14 5 14 Q9.6 14 9.6 10.8 Q9.6 8.8 7 7.4 Q5 6.4 5 4.6 M5 0 L5 0",
-    /* @ */
-    "M9.5 1.6 Q8 0 5.2 0 Q0 0 0 6 L0 8 Q0 14 5.2 14 Q10 14 10 8.6 L10 5.4 Q10 4 8.6 4 Q7 4 7 6 "
-    "L7 10 M7 7 Q7 10 5.2 10 Q3.2 10 3.2 7 Q3.2 4 5.2 4 Q7 4 7 7",
+    /* @ */ "M9.5 1.6 Q8 0 5.2 0 Q0 0 0 7 Q0 14 5.2 14 Q10 14 10 8.6 Q10 4 8.6 4 Q7 4 7 6 "
+            "L7 10 M7 7 Q7 10 5.2 10 Q3.2 10 3.2 7.4 L3.2 6.6 Q3.2 4 5.2 4 Q7 4 7 7",
     /* A */ "M0 0 L4.7 14 L5.3 14 L10 0 M1.6 4.4 L8.4 4.4",
     /* B */
     "M0 0 L0 14 L5.4 14 Q9.5 14 9.5 10.8 Q9.5 7.6 5.4 7.6 L0 7.6 M5.4 7.6 Q10 7.6 10 3.8 "
@@ -75,7 +75,7 @@ constexpr std::array<StrokePath, kLast - kFirst + 1> kStrokes = {
     /* J */ "M3 14 L9 14 L9 4.6 Q9 0 4.6 0 Q0.8 0 0 3.2",
     /* K */ "M0 0 L0 14 M9.6 14 L0 5.2 M3.4 8.2 L10 0",
     /* L */ "M0 14 L0 0 L10 0",
-    /* M */ "M0 0 L0 14 L5 5.6 L10 14 L10 0",
+    /* M */ "M0 0 L0 14 L5 7 L10 14 L10 0",
     /* N */ "M0 0 L0 14 L10 0 L10 14",
     /* O */ "M5 14 Q10 14 10 8.4 L10 5.6 Q10 0 5 0 Q0 0 0 5.6 L0 8.4 Q0 14 5 14",
     /* P */ "M0 0 L0 14 L5.6 14 Q10 14 10 10 Q10 6 5.6 6 L0 6",
@@ -97,12 +97,12 @@ constexpr std::array<StrokePath, kLast - kFirst + 1> kStrokes = {
     /* _ */ "M0 -3 L10 -3",
     /* ` */ "M3.5 14 L6 11.5",
     /* a */
-    "M0.9 8.6 Q1.8 10 5 10 Q10 10 10 6.4 L10 0 M10 5.2 L4.2 5.2 Q0 5.2 0 2.6 Q0 0 4.2 0 "
+    "M1 9.4 Q2.4 10 5 10 Q10 10 10 6.4 L10 0 M10 5.2 L4.2 5.2 Q0 5.2 0 2.6 Q0 0 4.2 0 "
     "Q8.6 0 10 2.6",
     /* b */ "M0 14 L0 0 M0 5 Q0 10 5.2 10 Q10 10 10 5.6 L10 4.4 Q10 0 5.2 0 Q0 0 0 5",
     /* c */ "M9.8 7.2 Q9 10 5.2 10 Q0 10 0 5.6 L0 4.4 Q0 0 5.2 0 Q9 0 9.8 2.8",
     /* d */ "M10 14 L10 0 M10 5 Q10 10 4.8 10 Q0 10 0 5.6 L0 4.4 Q0 0 4.8 0 Q10 0 10 5",
-    /* e */ "M0 5 L10 5 Q10 10 5 10 Q0 10 0 5.4 L0 4.6 Q0 0 5.2 0 Q8.6 0 9.6 2",
+    /* e */ "M0 5 L10 5 Q10 10 5 10 Q0 10 0 5.4 L0 4.6 Q0 0 5.2 0 Q8 0 9.4 0.7",
     /* f */ "M9.6 13.6 Q8.8 14 7.6 14 Q4 14 4 10.6 L4 0 M0.5 9 L9 9",
     /* g */
     "M10 10 L10 -0.5 Q10 -4 5 -4 Q1.8 -4 0.6 -3 M10 5 Q10 10 4.8 10 Q0 10 0 5.6 L0 4.4 "
@@ -133,12 +133,64 @@ constexpr std::array<StrokePath, kLast - kFirst + 1> kStrokes = {
     /* } */ "M2 14 Q5 14 5 11.5 L5 8 Q5 5 8 5 Q5 5 5 2 L5 -1.5 Q5 -4 2 -4",
     /* ~ */ "M0.3 4.8 Q1 7 3 7 Q4.4 7 5 6 Q5.6 5 7 5 Q9 5 9.7 7.2",
 };
+// clang-format on
 
 // What the letters from U+00C0 on look like without their accents; '?' marks those that are no
 // letter of ours.
 constexpr char32_t kFirstAccented = 0xC0;
 constexpr std::string_view kBaseLetters =
     "AAAAAA?CEEEEIIIIDNOOOOOxOUUUUY??aaaaaa?ceeeeiiiidnooooo?ouuuuy?y";
+
+class PathReader {
+public:
+    explicit PathReader(StrokePath path) : m_rest(path) { }
+
+    std::vector<Stroke> strokes()
+    {
+        std::vector<Stroke> result;
+        Point pen;
+        while (const char command = nextCommand()) {
+            const Point first = nextPoint();
+            const Point end = command == 'Q' ? nextPoint() : first;
+            if (command != 'M')
+                result.push_back({pen, first, end});
+            pen = end;
+        }
+        return result;
+    }
+
+private:
+    void skipBlanks()
+    {
+        while (m_rest.starts_with(' '))
+            m_rest.remove_prefix(1);
+    }
+    // 0 at the end.
+    char nextCommand()
+    {
+        skipBlanks();
+        if (m_rest.empty())
+            return 0;
+        const char command = m_rest.front();
+        m_rest.remove_prefix(1);
+        return command;
+    }
+    float nextNumber()
+    {
+        skipBlanks();
+        float value = 0;
+        const auto read = std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), value);
+        m_rest.remove_prefix(static_cast<std::size_t>(read.ptr - m_rest.data()));
+        return value;
+    }
+    Point nextPoint()
+    {
+        const float x = nextNumber();
+        return {x, nextNumber()};
+    }
+
+    StrokePath m_rest;
+};
 
 } // namespace
 
@@ -152,6 +204,11 @@ StrokePath strokesOf(char32_t character)
         return base == '?' ? kHollowBox : strokesOf(static_cast<char32_t>(base));
     }
     return character <= kLast ? kStrokes[character - kFirst] : kHollowBox;
+}
+
+std::vector<Stroke> readStrokes(StrokePath path)
+{
+    return PathReader(path).strokes();
 }
 
 } // namespace velko

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 namespace velko {
 
@@ -13,5 +14,24 @@ using StrokePath = std::string_view;
 // The strokes of a printable ASCII character, or of a letter with an accent, which loses it.
 // Blanks and control characters have no strokes; anything else is a hollow box.
 StrokePath strokesOf(char32_t character);
+
+struct Point {
+    float x = 0;
+    float y = 0;
+
+    bool operator==(const Point&) const = default;
+};
+
+// One line or curve of a path. A line's `control` is its end.
+struct Stroke {
+    Point from;
+    Point control;
+    Point to;
+
+    bool isLine() const { return control == to; }
+};
+
+// The lines and curves of a path as above.
+std::vector<Stroke> readStrokes(StrokePath path);
 
 } // namespace velko

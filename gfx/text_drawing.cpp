@@ -2,8 +2,10 @@
 
 #include "gfx/glyph_drawing.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace velko {
@@ -49,6 +51,10 @@ std::vector<char32_t> charactersOf(std::string_view text)
 void mixOver(Pixel& there, Pixel pixel, unsigned coverage)
 {
     constexpr unsigned kFull = 255;
+    if (coverage == kFull) {
+        there = pixel;
+        return;
+    }
     Pixel mixed = 0;
     for (const unsigned shift : {0U, 8U, 16U}) {
         const unsigned over = (pixel >> shift) & 0xFF;
@@ -56,6 +62,27 @@ void mixOver(Pixel& there, Pixel pixel, unsigned coverage)
         mixed |= ((over * coverage + under * (kFull - coverage) + kFull / 2) / kFull) << shift;
     }
     there = mixed;
+}
+
+// Draws the part of a mask that lies inside the image.
+void drawMask(PixelImage& image, std::int64_t top, std::int64_t left, const GlyphMask& mask,
+              Pixel pixel)
+{
+    const auto inside = [](std::int64_t first, int count, std::uint32_t limit) {
+        const auto begin = std::clamp<std::int64_t>(-first, 0, count);
+        const auto end = std::clamp<std::int64_t>(limit - first, begin, count);
+        return std::pair(static_cast<int>(begin), static_cast<int>(end));
+    };
+    const auto [firstRow, endRow] = inside(top, mask.height, image.height());
+    const auto [firstColumn, endColumn] = inside(left, mask.width, image.width());
+    for (int y = firstRow; y < endRow; ++y) {
+        Pixel* row = image.row(static_cast<std::uint32_t>(top + y));
+        const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{y} * mask.width;
+        for (int x = firstColumn; x < endColumn; ++x) {
+            if (coverage[x] != 0)
+                mixOver(row[left + x], pixel, coverage[x]);
+        }
+    }
 }
 
 // A line of text, ready to be drawn as often as its shadow or outline needs.
@@ -74,7 +101,7 @@ public:
             if (cellLeft >= imageWidth)
                 break;
             if (cellLeft + m_cellWidth > 0)
-                drawCell(image, top, cellLeft, maskOf(character), pixel);
+                drawMask(image, top, cellLeft, maskOf(character), pixel);
             cellLeft += m_cellWidth;
         }
     }
@@ -86,21 +113,6 @@ private:
         if (isNew)
             entry->second = drawGlyph(strokesOf(character), m_cellWidth, m_cellHeight);
         return entry->second;
-    }
-
-    static void drawCell(PixelImage& image, std::int64_t top, std::int64_t left,
-                         const GlyphMask& mask, Pixel pixel)
-    {
-        for (int y = 0; y < mask.height; ++y) {
-            if (top + y < 0 || top + y >= image.height())
-                continue;
-            Pixel* row = image.row(static_cast<std::uint32_t>(top + y));
-            const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{y} * mask.width;
-            for (int x = 0; x < mask.width; ++x) {
-                if (coverage[x] != 0 && left + x >= 0 && left + x < image.width())
-                    mixOver(row[left + x], pixel, coverage[x]);
-            }
-        }
     }
 
     std::vector<char32_t> m_characters;
@@ -124,8 +136,8 @@ void drawText(std::string_view text, PixelImage& image, int top, int left, int f
     if ((flags & kTextShadow) != 0)
         line.draw(image, y + kShadowDistance, x + kShadowDistance, kBlack);
     if ((flags & kTextOutline) != 0) {
-        // Black copies on a grid, a quarter of a cell a quarter larger: with the text's own size
-        // they lie evenly around it, and the outline hugs the letters.
+        // Black copies on a grid as wide and high as a quarter of a cell that is a quarter larger.
+        // They have the text's own size, so that the outline hugs the letters.
         const int grownWidth = fontWidth * 5 / 4;
         const int grownHeight = fontHeight * 5 / 4;
         const std::int64_t firstX = x - (grownWidth - fontWidth) / 2;

@@ -17,6 +17,9 @@ enum TextFlags : std::uint32_t {
 // left-aligned in the rectangle from (left, top) to the image's right edge, `fontHeight` high;
 // nothing is drawn outside it. The face is part of the program, so a picture looks the same on
 // every machine. `colour` is 0x00BBGGRR, as text colours are told to window systems.
+//
+// Letters with accents lose them, other characters beyond ASCII show a hollow box, and bytes that
+// are no UTF-8 count as Latin-1. A cell size below 1 or above 256 draws nothing.
 void drawText(std::string_view text, PixelImage& image, int top, int left, int fontWidth,
               int fontHeight, std::uint32_t colour, std::uint32_t flags = kTextPlain);
 
