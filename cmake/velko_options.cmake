@@ -7,6 +7,11 @@ target_compile_options(
     velko_options
     INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off)
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # Optimising, g++ 12 sees overlapping copies inside std::string where there are none.
+    target_compile_options(velko_options INTERFACE -Wno-restrict)
+endif()
+
 if(VELKO_SANITIZE)
     target_compile_options(
         velko_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
