@@ -51,6 +51,22 @@ TEST_F(DataYamlNesting, WhatCameBeforeTheLimitIsKept)
     EXPECT_EQ(misc(MiscField::rooms), 7U);
 }
 
+// Every value inside 990 brackets costs libyaml 990 steps.
+
+TEST_F(DataYamlNesting, ManyValuesDeepInsideAreRefused)
+{
+    prompt.expectError("Problem while parsing YAML.");
+    read(repeated("[", 990) + repeated("1,", 50000) + repeated("]", 990));
+}
+
+TEST_F(DataYamlNesting, SomeValuesDeepInsideAreRead)
+{
+    EXPECT_EQ(read("miscData: {rooms: " + repeated("[", 900) + repeated("1,", 5000)
+                   + repeated("]", 900) + ", areas: 7}"),
+              DataYamlResult::kDone);
+    EXPECT_EQ(misc(MiscField::areas), 7U);
+}
+
 TEST_F(DataYamlNesting, ManyTagDirectivesAreRefused)
 {
     std::string text;

@@ -3,6 +3,10 @@
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#ifdef __unix__
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
 
 namespace velko {
 namespace {
@@ -56,6 +60,35 @@ TEST(LoadFile, SizeLimits)
     EXPECT_FALSE(isLoadableSize(1324351421));
     EXPECT_FALSE(isLoadableSize(0x100000001));
 }
+
+#ifdef __unix__
+TEST(LoadFile, PipeIsRefusedWithoutWaitingForIt)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.path() / "pipe";
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(loadFile(path), std::nullopt);
+}
+
+TEST(LoadFile, FileThatDoesNotFitIntoMemoryIsRefused)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__clang__)
+    GTEST_SKIP() << "sanitizers reserve more memory than this test leaves to the program";
+#endif
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("large.bin", std::string_view("x"));
+    std::error_code error;
+    std::filesystem::resize_file(path, 1324351420, error);
+    if (error)
+        GTEST_SKIP() << "no file of that size can be made here: " << error.message();
+    const auto loadWithLittleMemory = [&path] {
+        const rlimit limit{512U << 20, 512U << 20};
+        setrlimit(RLIMIT_AS, &limit);
+        std::exit(loadFile(path) ? 1 : 42);
+    };
+    EXPECT_EXIT(loadWithLittleMemory(), ::testing::ExitedWithCode(42), "");
+}
+#endif
 
 TEST(SaveFile, CreatesTheFile)
 {
