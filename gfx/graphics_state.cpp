@@ -34,9 +34,8 @@ void readBlock(const RomImage& rom, std::uint32_t fileOffset, std::span<std::uin
         const std::size_t inside =
             fileOffset < bytes.size() ? std::min(piece.size(), bytes.size() - fileOffset) : 0;
         if (inside > 0)
-            std::copy_n(bytes.begin() + fileOffset, inside, piece.begin());
-        std::fill(piece.begin() + static_cast<std::ptrdiff_t>(inside), piece.end(),
-                  RomImage::kPastEnd);
+            std::copy_n(bytes.data() + fileOffset, inside, piece.data());
+        std::fill_n(piece.data() + inside, piece.size() - inside, RomImage::kPastEnd);
         block = block.subspan(piece.size());
         fileOffset = 0;
     }
