@@ -20,6 +20,15 @@ namespace velko::test {
 using Bytes = std::vector<std::uint8_t>;
 using Tile32Record = std::array<std::uint8_t, 7>;
 
+// The 16 bytes of a tile whose pixels all have one value, 0-3.
+inline Bytes solidTile(unsigned value)
+{
+    Bytes tile(16);
+    std::fill_n(tile.begin(), 8, value & 1 ? 0xFF : 0x00);
+    std::fill_n(tile.begin() + 8, 8, value & 2 ? 0xFF : 0x00);
+    return tile;
+}
+
 // Where TestRom keeps things: 16 KB banks, and CPU addresses within $8000-$BFFF.
 namespace layout {
 inline constexpr std::uint8_t kTableBank = 0;
