@@ -181,8 +181,10 @@ void MainDialog::showPage(int index)
 {
     // The old page stays in sight while it asks what to do with its changes.
     QWidget* tab = m_ui->pageTabs->widget(index);
-    if (tab != nullptr)
+    if (tab != nullptr) {
         tab->layout()->addWidget(m_pageArea);
+        m_pageArea->show();
+    }
     destroyPage(false);
     if (tab == nullptr)
         return;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QComboBox>
+#include <QElapsedTimer>
+
+namespace velko {
+
+// A drop-down list in which typing finds an entry. Room names mostly begin alike and hold blanks,
+// so a blank typed on the heels of other letters belongs to the name; by itself it opens the list
+// as usual.
+class RoomCombo : public QComboBox {
+    Q_OBJECT
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QElapsedTimer m_sinceLastLetter;
+};
+
+} // namespace velko
