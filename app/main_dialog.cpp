@@ -218,7 +218,6 @@ void MainDialog::changeRoom(std::uint32_t room)
         m_page->refresh();
 }
 
-// Changes the room and lets both choosers show it.
 void MainDialog::chooseRoom(std::uint32_t room)
 {
     m_ui->roomSpin->setPosition(static_cast<int>(room));

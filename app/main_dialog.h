@@ -38,6 +38,8 @@ public:
     // The one path by which another room is shown: the page may offer to write what it holds,
     // the room is selected (only the low 8 bits of the number count), the page refreshes.
     void changeRoom(std::uint32_t room);
+    // The same, and both room choosers show the room.
+    void chooseRoom(std::uint32_t room);
 
 signals:
     void openRomRequested();
@@ -58,7 +60,6 @@ private:
     void connectTools();
     void setInitialSize();
 
-    void chooseRoom(std::uint32_t room);
     void openRoomSelector();
     WindowContext context() { return {m_state, m_prompt, m_fonts}; }
 

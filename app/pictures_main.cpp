@@ -1,0 +1,140 @@
+// velko-pictures WORKDIR ROM OUTDIR: opens the editor on every tab and writes a PNG of each
+// window, for machines without a display and for the documentation.
+
+#include "app/editor_app.h"
+#include "app/init_instance.h"
+#include "app/main_dialog.h"
+#include "app/text.h"
+
+#include <QApplication>
+#include <QTabWidget>
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <system_error>
+
+namespace {
+
+using namespace velko;
+
+// Whatever the editor would ask or tell goes to standard error; every question is declined.
+class PrintingPrompt : public UserPrompt {
+public:
+    void showMessage(std::string_view text, MessageIcon) override { std::cerr << text << '\n'; }
+    bool askYesNo(std::string_view text, MessageIcon icon) override
+    {
+        showMessage(text, icon);
+        return false;
+    }
+    YesNoCancel askYesNoCancel(std::string_view text, MessageIcon icon) override
+    {
+        showMessage(text, icon);
+        return YesNoCancel::kCancel;
+    }
+
+protected:
+    bool confirm(std::string_view text, std::string_view caption) override
+    {
+        std::cerr << caption << ": " << text << '\n';
+        return false;
+    }
+};
+
+// No file is ever chosen.
+class NoFileChooser : public FileChooser {
+public:
+    std::optional<std::filesystem::path> chooseOpenFile(std::string_view, std::string_view) override
+    {
+        return std::nullopt;
+    }
+    std::optional<std::filesystem::path> chooseSaveFile(std::string_view, std::string_view,
+                                                        const std::filesystem::path&) override
+    {
+        return std::nullopt;
+    }
+};
+
+// "Map allocation " of room 2 becomes "map-allocation-room-2.png".
+QString pictureName(const QString& tab, std::uint32_t room)
+{
+    return QString("%1-room-%2.png").arg(tab.trimmed().toLower().replace(' ', '-')).arg(room);
+}
+
+bool writePicture(QWidget& window, const std::filesystem::path& file)
+{
+    QApplication::processEvents();
+    if (window.grab().save(pathText(file)))
+        return true;
+    std::cerr << "Cannot write " << file.filename().string() << '\n';
+    return false;
+}
+
+// Every tab on each of the rooms.
+bool writeAllPictures(MainDialog& window, std::span<const std::uint32_t> rooms,
+                      const std::filesystem::path& folder)
+{
+    bool written = true;
+    auto* tabs = window.findChild<QTabWidget*>("pageTabs");
+    for (const std::uint32_t room : rooms) {
+        window.chooseRoom(room);
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            tabs->setCurrentIndex(tab);
+            const QString name = pictureName(tabs->tabText(tab), room);
+            written = writePicture(window, folder / toPath(name)) && written;
+        }
+    }
+    return written;
+}
+
+std::uint32_t largestRoom(const EditorState& state)
+{
+    std::uint32_t largest = 0;
+    std::uint32_t most = 0;
+    for (std::uint32_t room = 0; room < state.config.roomCount(); ++room) {
+        const RoomSize size = state.renderer.roomSize(room);
+        if (size.columns * size.rows > most) {
+            most = size.columns * size.rows;
+            largest = room;
+        }
+    }
+    return largest;
+}
+
+int writePictures(const std::filesystem::path& workFolder, const std::filesystem::path& rom,
+                  const std::filesystem::path& outFolder)
+{
+    std::error_code failure;
+    std::filesystem::create_directories(outFolder, failure);
+    std::filesystem::current_path(workFolder, failure);
+    if (failure) {
+        std::cerr << "Cannot work in " << workFolder.string() << ": " << failure.message() << '\n';
+        return EXIT_FAILURE;
+    }
+    PrintingPrompt prompt;
+    NoFileChooser chooser;
+    EditorApp app({prompt, chooser, [](int) {}, {}});
+    if (!app.initApplication(rom))
+        return EXIT_FAILURE;
+    MainDialog window(app.state(), prompt);
+    connectFileCommands(window, app);
+    window.setCaption(kCaptionPrefix + rom.filename().string());
+    window.show();
+    const std::array rooms = {0U, largestRoom(app.state())};
+    return writeAllPictures(window, rooms, outFolder) ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 4) {
+        std::cerr << "Usage: velko-pictures WORKDIR ROM OUTDIR\n";
+        return 2;
+    }
+    const auto path = [&](int i) { return std::filesystem::absolute(toPath(arguments[i])); };
+    return writePictures(path(1), path(2), path(3));
+}
