@@ -10,6 +10,11 @@ namespace velko {
 
 namespace {
 
+float length(Point p)
+{
+    return std::sqrt(p.x * p.x + p.y * p.y);
+}
+
 // A round pen, squeezed to an ellipse, that leaves coverage on a mask.
 class Pen {
 public:
@@ -40,21 +45,22 @@ float Pen::coverageAt(Point pixel, Point from, Point to) const
         ? std::clamp((offset.x * line.x + offset.y * line.y) / lengthSquared, 0.0F, 1.0F)
         : 0.0F;
     const Point nearest{offset.x - along * line.x, offset.y - along * line.y};
-    const float distance = std::hypot(nearest.x, nearest.y);
+    const float distance = length(nearest);
     if (distance < 0.001F)
         return 1.0F;
     // Back to pixels, across the pen's edge.
-    const float slope = std::hypot(nearest.x / m_radiusX, nearest.y / m_radiusY) / distance;
+    const float slope = length({nearest.x / m_radiusX, nearest.y / m_radiusY}) / distance;
     return std::clamp(0.5F - (distance - 1) / slope, 0.0F, 1.0F);
 }
 
 void Pen::drawLine(Point from, Point to)
 {
+    // Pixels whose middle may be less than half a pixel away from the pen.
     const auto firstPixel = [](float a, float b, float radius) {
-        return std::max(0, static_cast<int>(std::floor(std::min(a, b) - radius - 0.5F)));
+        return std::max(0, static_cast<int>(std::floor(std::min(a, b) - radius)));
     };
     const auto endPixel = [](float a, float b, float radius, int limit) {
-        return std::min(limit, static_cast<int>(std::ceil(std::max(a, b) + radius + 0.5F)));
+        return std::min(limit, static_cast<int>(std::ceil(std::max(a, b) + radius)));
     };
     const int endY = endPixel(from.y, to.y, m_radiusY, m_mask.height);
     const int endX = endPixel(from.x, to.x, m_radiusX, m_mask.width);
@@ -79,10 +85,12 @@ void Pen::draw(const Stroke& stroke)
         drawLine(from, to);
         return;
     }
-    constexpr int kLines = 8; // smooth enough for cells of 64 pixels
+    // So many lines that none is further from the curve than a twentieth of a pixel.
+    const float bend = length({from.x - 2 * control.x + to.x, from.y - 2 * control.y + to.y});
+    const int lines = 1 + static_cast<int>(1.5F * std::sqrt(bend));
     Point last = from;
-    for (int i = 1; i <= kLines; ++i) {
-        const float t = static_cast<float>(i) / kLines;
+    for (int i = 1; i <= lines; ++i) {
+        const float t = static_cast<float>(i) / static_cast<float>(lines);
         const float a = (1 - t) * (1 - t);
         const float b = 2 * t * (1 - t);
         const float c = t * t;

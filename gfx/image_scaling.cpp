@@ -56,16 +56,17 @@ public:
     void run();
 
 private:
+    void gatherNeighbours(std::uint32_t sourceRow);
     void mixHorizontally(MixedRow& mixed, std::uint32_t sourceRow);
     void writeRow(Pixel* out, float fraction) const;
 
     PixelImage& m_destination;
     const PixelImage& m_source;
     std::size_t m_width;
-    std::vector<std::uint32_t> m_columns;
+    std::vector<std::uint32_t> m_columns; // of the left neighbours
     std::vector<float> m_fractions;
-    std::vector<Pixel> m_paddedRow; // a source row and two black pixels beyond its edge
-    std::vector<Pixel> m_left;      // the two neighbours of each destination column
+    std::size_t m_insideCount = 0; // leading columns whose neighbours both lie in the source
+    std::vector<Pixel> m_left;     // the two neighbours of each destination column
     std::vector<Pixel> m_right;
     MixedRow m_top;
     MixedRow m_bottom;
@@ -77,7 +78,6 @@ BilinearScaler::BilinearScaler(PixelImage& destination, const PixelImage& source
     , m_width(destination.width())
     , m_columns(m_width)
     , m_fractions(m_width)
-    , m_paddedRow(std::size_t{source.width()} + 2)
     , m_left(m_width)
     , m_right(m_width)
     , m_top(m_width)
@@ -88,6 +88,26 @@ BilinearScaler::BilinearScaler(PixelImage& destination, const PixelImage& source
         const SourcePosition position = sourcePosition(x, step, source.width());
         m_columns[x] = position.first;
         m_fractions[x] = position.fraction;
+        if (position.first + 1 < source.width())
+            ++m_insideCount;
+    }
+}
+
+void BilinearScaler::gatherNeighbours(std::uint32_t sourceRow)
+{
+    if (sourceRow >= m_source.height()) {
+        std::ranges::fill(m_left, Pixel{0});
+        std::ranges::fill(m_right, Pixel{0});
+        return;
+    }
+    const Pixel* row = m_source.row(sourceRow);
+    for (std::size_t x = 0; x < m_insideCount; ++x) {
+        m_left[x] = row[m_columns[x]];
+        m_right[x] = row[m_columns[x] + 1];
+    }
+    for (std::size_t x = m_insideCount; x < m_width; ++x) {
+        m_left[x] = m_columns[x] < m_source.width() ? row[m_columns[x]] : 0;
+        m_right[x] = 0;
     }
 }
 
@@ -97,16 +117,8 @@ void BilinearScaler::mixHorizontally(MixedRow& mixed, std::uint32_t sourceRow)
         return;
     mixed.filled = true;
     mixed.sourceRow = sourceRow;
-    if (sourceRow < m_source.height())
-        std::copy_n(m_source.row(sourceRow), m_source.width(), m_paddedRow.begin());
-    else
-        std::ranges::fill(m_paddedRow, Pixel{0});
-
-    for (std::size_t x = 0; x < m_width; ++x) {
-        m_left[x] = m_paddedRow[m_columns[x]];
-        m_right[x] = m_paddedRow[m_columns[x] + 1];
-    }
-    const auto mixPlane = [&](std::vector<float>& plane, unsigned shift) {
+    gatherNeighbours(sourceRow);
+    const auto mixPlane = [this](std::vector<float>& plane, unsigned shift) {
         for (std::size_t x = 0; x < m_width; ++x) {
             const auto left = static_cast<int>((m_left[x] >> shift) & 0xFF);
             const auto right = static_cast<int>((m_right[x] >> shift) & 0xFF);
