@@ -65,11 +65,11 @@ void Pen::drawLine(Point from, Point to)
     const int endY = endPixel(from.y, to.y, m_radiusY, m_mask.height);
     const int endX = endPixel(from.x, to.x, m_radiusX, m_mask.width);
     for (int y = firstPixel(from.y, to.y, m_radiusY); y < endY; ++y) {
+        std::uint8_t* row = m_mask.coverage.data() + std::ptrdiff_t{y} * m_mask.width;
         for (int x = firstPixel(from.x, to.x, m_radiusX); x < endX; ++x) {
             const Point middle{static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F};
             const float coverage = coverageAt(middle, from, to) * 255.0F;
-            auto& pixel = m_mask.coverage[static_cast<std::size_t>(y * m_mask.width + x)];
-            pixel = std::max(pixel, static_cast<std::uint8_t>(coverage + 0.5F));
+            row[x] = std::max(row[x], static_cast<std::uint8_t>(coverage));
         }
     }
 }

@@ -13,7 +13,7 @@ namespace velko {
 namespace {
 
 // Cells beyond this many pixels are not drawn: no view comes near it, and masks stay small.
-constexpr int kLargestCell = 256;
+constexpr int kLargestCell = 128;
 
 bool isContinuation(char byte)
 {
@@ -136,8 +136,6 @@ void drawText(std::string_view text, PixelImage& image, int top, int left, int f
     if ((flags & kTextShadow) != 0)
         line.draw(image, y + kShadowDistance, x + kShadowDistance, kBlack);
     if ((flags & kTextOutline) != 0) {
-        // Black copies on a grid as wide and high as a quarter of a cell that is a quarter larger.
-        // They have the text's own size, so that the outline hugs the letters.
         const int grownWidth = fontWidth * 5 / 4;
         const int grownHeight = fontHeight * 5 / 4;
         const std::int64_t firstX = x - (grownWidth - fontWidth) / 2;

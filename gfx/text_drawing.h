@@ -9,8 +9,11 @@ namespace velko {
 
 enum TextFlags : std::uint32_t {
     kTextPlain = 0,
-    kTextShadow = 1,  // drawn in black 3 pixels right and down first
-    kTextOutline = 2, // drawn in black around the text first
+    kTextShadow = 1, // drawn in black 3 pixels right and down first
+    // Black copies around the text first: a grid of (5/4 height) / 4 rows by (5/4 width) / 4
+    // columns, a pixel apart, from half the growth up and left of the text. The copies have the
+    // text's own size, so that the outline hugs the letters.
+    kTextOutline = 2,
 };
 
 // Draws one line of UTF-8 text in a bold face whose cells are `fontWidth` x `fontHeight` pixels,
@@ -19,7 +22,7 @@ enum TextFlags : std::uint32_t {
 // every machine. `colour` is 0x00BBGGRR, as text colours are told to window systems.
 //
 // Letters with accents lose them, other characters beyond ASCII show a hollow box, and bytes that
-// are no UTF-8 count as Latin-1. A cell size below 1 or above 256 draws nothing.
+// are no UTF-8 count as Latin-1. A cell size below 1 or above 128 draws nothing.
 void drawText(std::string_view text, PixelImage& image, int top, int left, int fontWidth,
               int fontHeight, std::uint32_t colour, std::uint32_t flags = kTextPlain);
 

@@ -88,6 +88,16 @@ TEST(PixelImage, SizeAboveTheLimitGivesNoImage)
     }
 }
 
+TEST(Fill, SetsEveryPixel)
+{
+    PixelImage image(3, 2, 1);
+    fill(image, 2);
+    EXPECT_THAT(drawn(image), ElementsAre("bbb", "bbb"));
+    PixelImage empty;
+    fill(empty, 2);
+    EXPECT_TRUE(empty.empty());
+}
+
 TEST(FillRectangle, SetsExactlyTheBlock)
 {
     PixelImage image(5, 4);

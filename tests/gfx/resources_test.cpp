@@ -169,6 +169,22 @@ TEST_F(LoadResources, EachBitmapGoesToItsPlace)
     EXPECT_EQ(resources.doorBitmaps[0], PixelImage(6, 4, 0x6496C8));
 }
 
+TEST_F(LoadResources, StopsAtTheFirstFileAtFault)
+{
+    remove("bitmap/door2.bmp");
+    remove("bitmap/door1.bmp");
+    EXPECT_NE(load(), "");
+    EXPECT_EQ(resources.physicsBitmaps[15], PixelImage(5, 5, 0x282828));
+    EXPECT_EQ(resources.editorColours[4], 0x700040U); // set between physics bitmaps and doors
+    EXPECT_TRUE(resources.doorBitmaps[2].empty());
+
+    remove("bitmap/15.bmp");
+    resources = Resources();
+    EXPECT_NE(load(), "");
+    EXPECT_EQ(resources.physicsBitmaps[14], PixelImage(5, 5, 0x282828));
+    EXPECT_EQ(resources.editorColours[4], 0U);
+}
+
 TEST_F(LoadResources, MissingPaletteIsNamed)
 {
     remove("fr_nesB.pal");
