@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/editor_app.h"
+#include "app/end_process.h"
 #include "app/file_chooser.h"
 #include "app/init_instance.h"
 #include "app/message_boxes.h"
@@ -7,7 +8,6 @@
 #include "app/trace_output.h"
 
 #include <QApplication>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <system_error>
@@ -17,6 +17,8 @@ namespace {
 using namespace velko;
 
 constexpr int kWrongArguments = 2;
+// Letters typed within this time of one another look for one name.
+constexpr int kTypingPauseMs = 1000;
 
 // Answers --help and --version. Returns false when neither is asked.
 bool answered(const CommandLine& line)
@@ -43,11 +45,14 @@ bool prepare(const CommandLine& line)
     return error.empty();
 }
 
-// Without unwinding: message boxes and the event loop may still be on the stack.
-[[noreturn]] void endProcess(int status)
+// The whole path, for the caption.
+std::optional<std::filesystem::path> romPath(const CommandLine& line)
 {
-    std::fflush(nullptr);
-    std::_Exit(status);
+    if (!line.rom)
+        return std::nullopt;
+    std::error_code failure;
+    const auto whole = std::filesystem::absolute(toPath(*line.rom), failure);
+    return failure ? toPath(*line.rom) : whole;
 }
 
 } // namespace
@@ -64,6 +69,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName("Velko");
     QCoreApplication::setApplicationVersion(VELKO_VERSION);
     QGuiApplication::setDesktopFileName("velko");
+    QApplication::setKeyboardInputInterval(kTypingPauseMs);
     // The toolkit has taken its own options away.
     const CommandLine line = parseCommandLine(QCoreApplication::arguments().mid(1));
     if (answered(line))
@@ -75,10 +81,7 @@ int main(int argc, char** argv)
     FileDialogs chooser;
     const bool trace = line.trace || qEnvironmentVariableIsSet("VELKO_TRACE");
     EditorApp editor({prompt, chooser, endProcess, traceOutput(trace)});
-    std::optional<std::filesystem::path> rom;
-    if (line.rom)
-        rom = std::filesystem::absolute(toPath(*line.rom));
-    if (!editor.initApplication(rom))
+    if (!editor.initApplication(romPath(line)))
         return EXIT_FAILURE; // not reached: the process has ended
     initInstance(editor, prompt);
     return EXIT_SUCCESS;

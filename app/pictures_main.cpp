@@ -8,14 +8,17 @@
 
 #include <QApplication>
 #include <QTabWidget>
-#include <array>
 #include <cstdlib>
 #include <iostream>
+#include <set>
 #include <system_error>
 
 namespace {
 
 using namespace velko;
+
+// The same on every machine, whatever its screen.
+constexpr QSize kWindowSize(1220, 760);
 
 // Whatever the editor would ask or tell goes to standard error; every question is declined.
 class PrintingPrompt : public UserPrompt {
@@ -70,7 +73,7 @@ bool writePicture(QWidget& window, const std::filesystem::path& file)
 }
 
 // Every tab on each of the rooms.
-bool writeAllPictures(MainDialog& window, std::span<const std::uint32_t> rooms,
+bool writeAllPictures(MainDialog& window, const std::set<std::uint32_t>& rooms,
                       const std::filesystem::path& folder)
 {
     bool written = true;
@@ -118,8 +121,9 @@ int writePictures(const std::filesystem::path& workFolder, const std::filesystem
     MainDialog window(app.state(), prompt);
     connectFileCommands(window, app);
     window.setCaption(kCaptionPrefix + rom.filename().string());
+    window.resize(kWindowSize);
     window.show();
-    const std::array rooms = {0U, largestRoom(app.state())};
+    const std::set<std::uint32_t> rooms = {0, largestRoom(app.state())};
     return writeAllPictures(window, rooms, outFolder) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

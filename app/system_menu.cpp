@@ -15,7 +15,6 @@ void addToSystemMenu(QMainWindow& window)
     button->setObjectName("windowMenuButton");
     button->setIcon(window.windowIcon());
     button->setAutoRaise(true);
-    button->setPopupMode(QToolButton::InstantPopup);
     button->setFocusPolicy(Qt::NoFocus);
     button->setToolTip("Window menu");
     button->setAccessibleName("Window menu");
@@ -25,7 +24,11 @@ void addToSystemMenu(QMainWindow& window)
     menu->addAction("&Close", &window, &QWidget::close);
     menu->addSeparator();
     menu->addAction("&About Velko...")->setObjectName("aboutAction");
-    button->setMenu(menu);
+    // Not setMenu(), which would draw an arrow over the icon.
+    QObject::connect(button, &QToolButton::pressed, menu, [button, menu] {
+        menu->popup(button->mapToGlobal(button->rect().bottomLeft()));
+        button->setDown(false);
+    });
     window.menuBar()->setCornerWidget(button, Qt::TopLeftCorner);
 }
 
