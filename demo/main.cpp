@@ -6,19 +6,21 @@
 #include <cstdio>
 #include <exception>
 
-// Writes the demo game into a folder: velko-demo-game ART-FOLDER OUTPUT-FOLDER
+// Writes the demo game into a folder: velko-demo-game SOURCE-FOLDER OUTPUT-FOLDER
 int main(int argc, char** argv)
 {
     using namespace velko::demo;
     if (argc != 3) {
-        std::fprintf(stderr, "usage: velko-demo-game ART-FOLDER OUTPUT-FOLDER\n");
+        std::fprintf(stderr, "usage: velko-demo-game SOURCE-FOLDER OUTPUT-FOLDER\n");
         return 2;
     }
     try {
         const std::filesystem::path output = argv[2];
-        const Art art = loadAllArt(argv[1]);
+        const std::filesystem::path sources = argv[1];
+        const Art art = loadAllArt(sources / "art");
+        const std::vector<RoomText> rooms = loadRooms(sources / "rooms.txt");
         World world;
-        buildWorld(art, world);
+        buildWorld(art, rooms, world);
         writeFile(output / "demo.nes", packRom(world));
         writeModule(world, output);
         writePictures(art.physics, art.doors, output);

@@ -4,6 +4,8 @@ namespace velko::demo {
 
 void buildOverworld(const Art&, World& world)
 {
+    world.overworldLoads = {0};
+    world.titleLoads = {0};
     Overworld& overworld = world.overworld;
     for (std::uint32_t i = 0; i < kAreas + 1; ++i) {
         Area area;

@@ -3,7 +3,7 @@
 namespace velko::demo {
 
 RoomCanvas::RoomCanvas(const Tileset& tileset, int columns, int rows)
-    : m_tileset(tileset)
+    : m_tileset(&tileset)
     , m_screenColumns(columns)
     , m_screenRows(rows)
     , m_cells(static_cast<std::size_t>(columns * kScreenColumns * rows * kScreenRows),
@@ -18,7 +18,7 @@ const Cell& RoomCanvas::cell(int x, int y) const
 
 bool RoomCanvas::shows(int x, int y, std::string_view name) const
 {
-    return inside(x, y) && m_tileset.has(name) && cell(x, y).slot == m_tileset.cell(name).slot;
+    return inside(x, y) && m_tileset->has(name) && cell(x, y).slot == m_tileset->cell(name).slot;
 }
 
 void RoomCanvas::put(int x, int y, const Cell& cell)
@@ -29,7 +29,14 @@ void RoomCanvas::put(int x, int y, const Cell& cell)
 
 void RoomCanvas::put(int x, int y, std::string_view name)
 {
-    put(x, y, m_tileset.cell(name));
+    put(x, y, m_tileset->cell(name));
+}
+
+void RoomCanvas::putBehind(int x, int y, std::string_view name)
+{
+    Cell cell = m_tileset->cell(name);
+    cell.physics = 0;
+    put(x, y, cell);
 }
 
 void RoomCanvas::putIfEmpty(int x, int y, std::string_view name)
@@ -40,7 +47,7 @@ void RoomCanvas::putIfEmpty(int x, int y, std::string_view name)
 
 void RoomCanvas::fill(int x, int y, int columns, int rows, std::string_view name)
 {
-    const Cell cell = m_tileset.cell(name);
+    const Cell cell = m_tileset->cell(name);
     for (int row = y; row < y + rows; ++row)
         for (int column = x; column < x + columns; ++column)
             put(column, row, cell);
@@ -50,7 +57,7 @@ void RoomCanvas::clear(int x, int y, int columns, int rows)
 {
     for (int row = y; row < y + rows; ++row)
         for (int column = x; column < x + columns; ++column)
-            put(column, row, m_tileset.emptyCell());
+            put(column, row, m_tileset->emptyCell());
 }
 
 void RoomCanvas::stamp(int x, int y, const std::vector<std::vector<std::string_view>>& rows)

@@ -14,7 +14,7 @@ public:
     // The size in screens; every cell shows slot 0.
     RoomCanvas(const Tileset& tileset, int columns, int rows);
 
-    const Tileset& tileset() const { return m_tileset; }
+    const Tileset& tileset() const { return *m_tileset; }
     int screenColumns() const { return m_screenColumns; }
     int screenRows() const { return m_screenRows; }
     int width() const { return m_screenColumns * kScreenColumns; } // cells
@@ -30,6 +30,8 @@ public:
 
     void put(int x, int y, std::string_view name);
     void put(int x, int y, const Cell& cell);
+    // The block as mere background: one can walk in front of it.
+    void putBehind(int x, int y, std::string_view name);
     void putIfEmpty(int x, int y, std::string_view name);
     void fill(int x, int y, int columns, int rows, std::string_view name);
     // Slot 0 with the palette and physics of empty cells.
@@ -43,7 +45,7 @@ public:
 private:
     std::size_t index(int x, int y) const { return static_cast<std::size_t>(y * width() + x); }
 
-    const Tileset& m_tileset;
+    const Tileset* m_tileset;
     int m_screenColumns;
     int m_screenRows;
     std::vector<Cell> m_cells;

@@ -11,15 +11,6 @@
 
 namespace velko::demo {
 
-// One 8x8 piece of a sprite frame, as stored.
-struct Piece {
-    std::uint8_t tile = 0;
-    int x = 0; // from the sprite's position
-    int y = 0;
-    std::uint8_t attributes = 0; // colour set, $40 mirrored, $80 upside down
-};
-using Frame = std::vector<Piece>;
-
 // Tiles that are loaded together to a fixed place of a pattern table: one load record. Frames
 // name their tiles by that place, so a group that shares it with another excludes the other.
 class TileGroup {

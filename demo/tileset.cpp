@@ -11,6 +11,33 @@ constexpr std::size_t kTileLoadBytes = 96;
 constexpr std::size_t kBlocksPerBank = 256;
 constexpr std::uint8_t kMirrored = 4;
 
+struct SlotName {
+    std::string alias;
+    std::string metatile;
+    int palette = -1; // the metatile's own
+    bool mirrored = false;
+};
+
+SlotName readName(std::string text)
+{
+    SlotName name;
+    const std::size_t equals = text.find('=');
+    if (equals != std::string::npos) {
+        name.alias = text.substr(0, equals);
+        text.erase(0, equals + 1);
+    }
+    name.mirrored = text.ends_with('~');
+    if (name.mirrored)
+        text.pop_back();
+    const std::size_t at = text.find('@');
+    if (at != std::string::npos && at + 1 < text.size())
+        name.palette = text[at + 1] - '0';
+    name.metatile = text.substr(0, at);
+    if (name.alias.empty())
+        name.alias = name.metatile + (name.mirrored ? "~" : "");
+    return name;
+}
+
 } // namespace
 
 void BackgroundBanks::addArt(std::uint8_t bank, const ArtFile& art)
@@ -51,18 +78,17 @@ Tileset::Tileset(const BackgroundBanks& banks, const std::vector<std::string>& n
     if (names.size() > kSlots)
         throw DemoError("a tileset has 64 slots");
     for (std::size_t slot = 0; slot < names.size(); ++slot) {
-        std::string_view name = names[slot];
-        const bool mirrored = name.ends_with('~');
-        if (mirrored)
-            name.remove_suffix(1);
-        const BackgroundBanks::Source& source = banks.find(name);
+        const SlotName name = readName(names[slot]);
+        const BackgroundBanks::Source& source = banks.find(name.metatile);
         Cell cell = source.cell;
         cell.slot = static_cast<std::uint8_t>(slot);
-        m_cells.emplace(names[slot], cell);
+        if (name.palette >= 0)
+            cell.palette = static_cast<std::uint8_t>(name.palette);
+        m_cells.emplace(name.alias, cell);
         if (slot == 0)
             m_emptyCell = cell;
         m_loadBlock[slot] = source.block;
-        const unsigned attribute = source.bank | (mirrored ? kMirrored : 0U);
+        const unsigned attribute = source.bank | (name.mirrored ? kMirrored : 0U);
         m_loadBlock[kSlots + slot / 2] |=
             static_cast<std::uint8_t>(slot % 2 == 0 ? attribute << 4 : attribute);
     }

@@ -35,7 +35,8 @@ private:
 };
 
 // The 64 background blocks that a room loads, by name. A name that ends in "~" is the block of
-// that name mirrored.
+// that name mirrored; "@2" after a name (before the "~") gives it palette 2 instead of its own.
+// "ALIAS=" before it is the name that cells are asked for by, else that is the name without "@2".
 class Tileset {
 public:
     // Slot numbers follow the order of the names; slot 0 is what empty cells show.

@@ -65,10 +65,22 @@ struct LoadRecord {
     std::uint8_t tiles = 0;
 };
 
+// One 8x8 piece of a sprite frame, as stored.
+struct Piece {
+    std::uint8_t tile = 0;
+    int x = 0; // from the sprite's position
+    int y = 0;
+    std::uint8_t attributes = 0; // colour set, $40 mirrored, $80 upside down
+};
+using Frame = std::vector<Piece>;
+
 struct UnitType {
     std::string name;
+    std::string key;                 // what the room texts call it
     std::uint8_t spriteRegister = 0; // 0 none, 1 animated, 2 still
     std::uint16_t script = 0;        // CPU address in the sprite bank
+    int load = -1;                   // the load record with its graphics
+    std::vector<Frame> frames;       // as in the script
 };
 
 struct Item {
@@ -107,6 +119,7 @@ struct World {
     std::vector<Room> rooms;
     Bytes graphics; // the graphics banks
     std::vector<LoadRecord> loads;
+    Bytes commonLoads; // what every room loads
     Bytes overworldLoads;
     Bytes titleLoads;
     Bytes spriteBank; // 16 KB
