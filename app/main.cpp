@@ -2,6 +2,7 @@
 #include "app/editor_app.h"
 #include "app/end_process.h"
 #include "app/file_chooser.h"
+#include "app/icons.h"
 #include "app/init_instance.h"
 #include "app/message_boxes.h"
 #include "app/text.h"
@@ -69,6 +70,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName("Velko");
     QCoreApplication::setApplicationVersion(VELKO_VERSION);
     QGuiApplication::setDesktopFileName("velko");
+    QApplication::setWindowIcon(pixelIcon(":/icons/velko.xpm"));
     QApplication::setKeyboardInputInterval(kTypingPauseMs);
     // The toolkit has taken its own options away.
     const CommandLine line = parseCommandLine(QCoreApplication::arguments().mid(1));

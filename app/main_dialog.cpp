@@ -190,6 +190,7 @@ void MainDialog::showPage(int index)
         return;
     const auto& make = m_windows.pages[static_cast<std::size_t>(index)].make;
     Page* page = make(context(), m_pageArea->viewport());
+    page->resize(m_pageArea->viewport()->size());
     page->setup();
     page->refresh();
     m_page = page;
@@ -206,8 +207,7 @@ void MainDialog::commitEdits()
 
 void MainDialog::setCaption(std::string_view caption)
 {
-    // "[*]" is the toolkit's mark for a changed document, doubled where it is part of a name.
-    setWindowTitle(toQString(caption).replace("[*]", "[*][*]"));
+    setWindowTitle(titleText(caption));
 }
 
 void MainDialog::changeRoom(std::uint32_t room)

@@ -55,7 +55,7 @@ QMessageBox::StandardButton show(std::string_view text, std::string_view caption
                                  QMessageBox::StandardButtons buttons)
 {
     const OrdinaryCursor cursor;
-    Box box(platformIcon(icon), toQString(caption), toQString(text), buttons,
+    Box box(platformIcon(icon), titleText(caption), toQString(text), buttons,
             QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.allowEscape(buttons != (QMessageBox::Yes | QMessageBox::No));

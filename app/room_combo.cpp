@@ -2,8 +2,30 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QProxyStyle>
 
 namespace velko {
+
+namespace {
+
+// Some styles lay the list over the box like a menu, as high as the screen.
+class DropDownStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+} // namespace
+
+RoomCombo::RoomCombo(QWidget* parent) : QComboBox(parent)
+{
+    auto* style = new DropDownStyle;
+    style->setParent(this);
+    setStyle(style);
+}
 
 void RoomCombo::keyPressEvent(QKeyEvent* event)
 {

@@ -7,11 +7,11 @@ namespace velko {
 
 // A drop-down list in which typing finds an entry. Room names mostly begin alike and hold blanks,
 // so a blank typed on the heels of other letters belongs to the name; by itself it opens the list
-// as usual.
+// as usual. The list drops down below the box, at most maxVisibleItems long, whatever the style.
 class RoomCombo : public QComboBox {
     Q_OBJECT
 public:
-    using QComboBox::QComboBox;
+    explicit RoomCombo(QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

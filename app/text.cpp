@@ -24,4 +24,9 @@ std::filesystem::path toPath(const QString& text)
     return pathFromUtf8(text.toStdString());
 }
 
+QString titleText(std::string_view bytes)
+{
+    return toQString(bytes).replace("[*]", "[*][*]"); // doubled, it stands for itself
+}
+
 } // namespace velko

@@ -13,4 +13,7 @@ QString toQString(std::string_view bytes);
 QString pathText(const std::filesystem::path& path);
 std::filesystem::path toPath(const QString& text);
 
+// A text as a window title: the toolkit takes "[*]" for its mark of a changed document.
+QString titleText(std::string_view bytes);
+
 } // namespace velko

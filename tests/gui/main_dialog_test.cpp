@@ -207,6 +207,17 @@ TEST_F(MainDialogTest, BlankByItselfOpensTheListOfRooms)
     EXPECT_EQ(state.currentRoom(), 0);
 }
 
+TEST_F(MainDialogTest, LongListOfRoomsDropsDownAndScrolls)
+{
+    open();
+    for (int i = 0; i < 100; ++i)
+        combo().addItem("Another");
+    combo().showPopup();
+    EXPECT_LE(combo().view()->height(), 25 * combo().view()->sizeHintForRow(0));
+    EXPECT_GE(combo().view()->mapToGlobal(QPoint(0, 0)).y(), combo().mapToGlobal(QPoint(0, 0)).y());
+    combo().hidePopup();
+}
+
 TEST_F(MainDialogTest, OldPageStaysInSightWhileItAsks)
 {
     class AskingPage : public Page {

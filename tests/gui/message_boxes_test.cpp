@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QMessageBox>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace velko {
@@ -80,6 +81,15 @@ TEST_F(MessageBoxesTest, OkCancelHasAnExclamationMarkAndACaption)
         else
             prompt.askOkCancel("Go on?", caption);
     }
+}
+
+TEST_F(MessageBoxesTest, CaptionIsShownToTheLetter)
+{
+    onceModal<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowHandle()->title(), "a[*]b");
+        box.accept();
+    });
+    prompt.askOkCancel("Go on?", "a[*]b");
 }
 
 TEST_F(MessageBoxesTest, SuppressedOkCancelShowsNothing)
