@@ -1,5 +1,7 @@
 #include "app/window_table.h"
 
+#include "gfx/palette_page.h"
+
 namespace velko {
 
 namespace {
@@ -15,6 +17,11 @@ Page* makeEmptyPage(const WindowContext&, QWidget* parent)
     return new EmptyPage(parent);
 }
 
+Page* makePalettePage(const WindowContext& context, QWidget* parent)
+{
+    return new PalettePage(context.state, parent);
+}
+
 } // namespace
 
 WindowTable editorWindows()
@@ -26,7 +33,7 @@ WindowTable editorWindows()
                 {"Door placement ", makeEmptyPage},
                 {"Unit placement ", makeEmptyPage},
                 {"Tile allocation ", makeEmptyPage},
-                {"Palette ", makeEmptyPage},
+                {"Palette ", makePalettePage},
                 {"Miscellaneous ", makeEmptyPage},
                 {"Data management ", makeEmptyPage},
             }},
