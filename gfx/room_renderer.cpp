@@ -127,7 +127,9 @@ void RoomRenderer::renderRoomPicture(std::uint8_t room, PixelImage& image)
 {
     m_graphics.selectRoom(room);
     const RoomSize size = roomSize(room);
-    image.allocate(size.height(), size.width());
+    // Every pixel is drawn, so an image that has the size already need not be cleared.
+    if (image.height() != size.height() || image.width() != size.width())
+        image.allocate(size.height(), size.width());
     if (image.empty())
         return;
     for (std::uint32_t row = 0; row < size.rows; ++row) {
@@ -141,8 +143,11 @@ void RoomRenderer::renderRoomPicture(std::uint8_t room, PixelImage& image)
 void RoomRenderer::renderRoomRegion(PixelImage& image, std::uint32_t scrollX, std::uint32_t scrollY,
                                     Pixel background) const
 {
-    fill(image, background);
     const RoomSize size = roomSize(m_store.pahMapLayout.currentRoom());
+    const bool covered = std::uint64_t{scrollX} + image.width() <= size.width()
+        && std::uint64_t{scrollY} + image.height() <= size.height();
+    if (!covered)
+        fill(image, background);
     const std::int64_t top = -std::int64_t{scrollY};
     const std::int64_t left = -std::int64_t{scrollX};
     const CellRange rows = visibleCells(top, kScreenHeight, size.rows, image.height());
