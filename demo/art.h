@@ -14,6 +14,7 @@ struct Art {
     ArtFile creatures;
     ArtFile items;
     ArtFile overworld;
+    std::string overworldMap; // text, see overworld_map.h
     ArtFile physics;
     ArtFile doors;
 };

@@ -11,7 +11,11 @@ namespace {
 // Walks the lines of a text and words what is wrong with one.
 class ArtParser {
 public:
-    explicit ArtParser(std::string_view text) : m_text(std::string(text)) { }
+    explicit ArtParser(std::string_view text) : m_text(std::string(text))
+    {
+        for (std::uint32_t value = 0; value < 16; ++value)
+            m_art.pictureColours[value] = value * 0x111111;
+    }
 
     ArtFile parse()
     {
@@ -68,6 +72,8 @@ private:
             m_art.metatiles.push_back({readRows(name, 16, 16, 3), m_palette, m_physics});
         } else if (kind == "tile") {
             m_art.tiles.push_back(readRows(name, 8, 8, 3));
+        } else if (kind == "colour") {
+            readColour(name, words);
         } else if (kind == "palette") {
             m_art.palettes.push_back(readPalette(name, words));
         } else if (kind == "sprite" || kind == "picture") {
@@ -76,7 +82,7 @@ private:
             if (!(words >> width >> height) || width < 1 || height < 1 || width > 256)
                 fail("no size for " + name);
             if (kind == "picture") {
-                m_art.greyPictures.push_back(readRows(name, width, height, 15));
+                m_art.pictures.push_back(readRows(name, width, height, 15));
                 return;
             }
             if (width % 8 != 0 || height % 8 != 0)
@@ -85,6 +91,13 @@ private:
         } else {
             fail("unknown entry " + kind);
         }
+    }
+
+    void readColour(const std::string& value, std::istringstream& words)
+    {
+        const std::size_t index = std::stoul(value, nullptr, 16);
+        if (index > 15 || !(words >> std::hex >> m_art.pictureColours[index]))
+            fail("a picture's colour needs a value up to f and RRGGBB");
     }
 
     ArtPalette readPalette(const std::string& name, std::istringstream& words)
@@ -141,12 +154,17 @@ ArtFile parseArt(std::string_view text)
     return ArtParser(text).parse();
 }
 
-ArtFile loadArt(const std::filesystem::path& path)
+std::string loadText(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw DemoError("cannot open " + path.filename().string());
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+ArtFile loadArt(const std::filesystem::path& path)
+{
+    const std::string text = loadText(path);
     try {
         return parseArt(text);
     } catch (const DemoError& error) {

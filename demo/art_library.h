@@ -50,16 +50,20 @@ struct ArtFile {
     std::vector<Metatile> metatiles;
     std::vector<SpriteArt> sprites;
     std::vector<Picture> tiles;
-    std::vector<Picture> greyPictures;
+    std::vector<Picture> pictures;
     std::vector<ArtPalette> palettes;
+    // What the values of pictures mean, 0x00RRGGBB: greys unless the file tells otherwise.
+    std::array<std::uint32_t, 16> pictureColours{};
 };
 
 // Reads art text. Lines are "# comment", "#@ palette=N physics=N" for the next metatile or
 // "#@ set=N" for the next sprite, "metatile NAME", "tile NAME", "sprite
-// NAME W H", "picture NAME W H", each followed by its rows, and "palette NAME c0 c1 c2 c3" in
-// hexadecimal. Throws DemoError with the line number.
+// NAME W H", "picture NAME W H", each followed by its rows, "palette NAME c0 c1 c2 c3" in
+// hexadecimal and "colour VALUE RRGGBB" for pictures. Throws DemoError with the line number.
 ArtFile parseArt(std::string_view text);
-// The same from a file.
+// The whole text of a file. Throws DemoError when it cannot be read.
+std::string loadText(const std::filesystem::path& path);
+// parseArt() of a file; the error names it.
 ArtFile loadArt(const std::filesystem::path& path);
 
 // The element with that name. Throws DemoError when there is none.

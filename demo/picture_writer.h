@@ -7,10 +7,13 @@
 
 namespace velko::demo {
 
-// A bitmap file of 8 bits per pixel with a palette of 16 greys.
-Bytes greyBitmap8(const Picture& picture);
+// What the values of a picture look like, 0x00RRGGBB.
+using PictureColours = std::array<std::uint32_t, 16>;
+
+// A bitmap file of 8 bits per pixel with a colour table of 16 colours.
+Bytes bitmap8(const Picture& picture, const PictureColours& colours);
 // The same picture with 24 bits per pixel.
-Bytes greyBitmap24(const Picture& picture);
+Bytes bitmap24(const Picture& picture, const PictureColours& colours);
 
 // Writes the colours ("fr_nesB.pal"), the sixteen physics pictures and the four door pictures.
 // Even numbers become 8-bit files, odd ones 24-bit files, as both kinds are read.

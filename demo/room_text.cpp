@@ -1,7 +1,5 @@
 #include "demo/room_text.h"
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 namespace velko::demo {
@@ -164,10 +162,7 @@ std::vector<RoomText> parseRooms(std::string_view text)
 
 std::vector<RoomText> loadRooms(const std::filesystem::path& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw DemoError("cannot open " + path.filename().string());
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = loadText(path);
     try {
         return parseRooms(text);
     } catch (const DemoError& error) {

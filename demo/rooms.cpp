@@ -101,6 +101,23 @@ private:
     std::vector<std::optional<RoomCanvas>> m_canvases; // by room number
 };
 
+// Every exit that a room has must lead to an entrance that is set.
+std::string exitsToNowhere(const World& world)
+{
+    std::string problems;
+    for (const Room& room : world.rooms) {
+        for (const Unit& unit : room.units) {
+            const std::string& key = world.unitTypes[unit.type].key;
+            if (!key.starts_with("out"))
+                continue;
+            const Exit& exit = room.exits.at(static_cast<std::size_t>(key.back() - '0'));
+            if (world.rooms.at(exit.room).entrances.at(exit.entrance).column < 0)
+                problems += "\n" + room.name + ": " + key + " leads to no entrance";
+        }
+    }
+    return problems;
+}
+
 } // namespace
 
 void buildRooms(const Art& art, const std::vector<RoomText>& rooms, World& world)
@@ -115,6 +132,7 @@ void buildRooms(const Art& art, const std::vector<RoomText>& rooms, World& world
                 "\nroom " + std::to_string(room.number) + ", " + room.name + ": " + error.what();
         }
     }
+    problems += exitsToNowhere(world);
     if (!problems.empty())
         throw DemoError(problems);
 }

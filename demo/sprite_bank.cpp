@@ -9,11 +9,6 @@ constexpr std::uint8_t kUnusedByte = 0xFF;
 
 } // namespace
 
-SpriteBank::SpriteBank(Bytes& bank) : m_bank(bank)
-{
-    m_bank.assign(kBankBytes, kUnusedByte);
-}
-
 void SpriteBank::putByte(std::uint32_t value)
 {
     std::uint8_t& byte = m_bank.at(m_position & 0x3FFF);

@@ -12,9 +12,10 @@ struct TimedFrame {
 // Lays sprite scripts out in the sprite bank, one after another from a given place.
 class SpriteBank {
 public:
-    explicit SpriteBank(Bytes& bank);
+    // `bank` holds a whole bank; bytes that are $FF are unused.
+    SpriteBank(Bytes& bank, std::uint16_t position) : m_bank(bank), m_position(position) { }
 
-    // The CPU address where the next script goes. May move forward only onto unused bytes.
+    // The CPU address where the next script goes.
     std::uint16_t position() const { return m_position; }
     void moveTo(std::uint16_t cpuAddress) { m_position = cpuAddress; }
 
@@ -29,7 +30,7 @@ private:
     void putPieces(const Frame& frame);
 
     Bytes& m_bank;
-    std::uint16_t m_position = 0x8000;
+    std::uint16_t m_position;
 };
 
 } // namespace velko::demo

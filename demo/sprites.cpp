@@ -155,7 +155,8 @@ void addItems(const Art& art, World& world, SpriteBank& bank)
 
 void buildSprites(const Art& art, World& world)
 {
-    SpriteBank bank(world.spriteBank);
+    world.spriteBank.assign(kBankBytes, 0xFF);
+    SpriteBank bank(world.spriteBank, kHeroScript);
     TileGroup hero = heroGroup(art);
     putHeroScripts(bank, hero, art);
     world.commonLoads.push_back(storeGroup(world, hero));

@@ -54,6 +54,8 @@ class ArtFile:
             self.sprites[name] = self._rows(width, height, ".123"), hints["set"] & 3
         elif kind == "picture":
             self.pictures[name] = self._rows(int(words[2]), int(words[3]), "0123456789abcdef")
+        elif kind == "colour":
+            pass  # what the pictures of this file look like; only the game uses it
         elif kind == "palette":
             self.palettes[name] = [int(word, 16) & 63 for word in words[2:6]]
         else:
