@@ -85,7 +85,7 @@ inline constexpr RegionPlan kUnitPlan{"pahUnit", 12,       0x8000, kTableEntries
 inline constexpr RegionPlan kType2Plan{"pahTileLoadType2", 12,     0x8100, kTableEntries, 2,
                                        {12, 15},           0xB000, 0xB800};
 inline constexpr RegionPlan kAreaMovementPlan{
-    "pahMapAreaMovement", 13, 0x8000, kAreas + 1, 2, {13, 15}, 0x8100, 0x8300};
+    "pahMapAreaMovement", 13, 0x8000, kAreas + 3, 2, {13, 15}, 0x8100, 0x8300};
 
 // File offset of a CPU address in the switched window of a bank.
 constexpr std::uint32_t fileOffset(std::uint32_t bank, std::uint32_t cpuAddress)

@@ -153,16 +153,15 @@ void RoomTables::placeUnits(const World& world)
 void RoomTables::placeMovement(const World& world)
 {
     const std::vector<Area>& areas = world.overworld.areas;
-    const auto last = static_cast<std::uint32_t>(areas.size()) - 1;
-    for (std::uint32_t i = last; i > 0; --i) {
-        // The extra entry past the areas keeps a copy of its own.
-        if (i == last)
-            areaMovement.placeCopy(i, areas[1].movement);
-        else
-            areaMovement.place(i, areas[i].movement);
-        if (i == last / 2)
+    const auto places = static_cast<std::uint32_t>(areas.size());
+    for (std::uint32_t i = 1; i < places; ++i) {
+        areaMovement.place(i, areas[i].movement);
+        if (i == places / 2)
             areaMovement.addOrphan(areas[i].movement);
     }
+    // Two entries more, left from areas that are no longer there.
+    areaMovement.placeCopy(places, areas[1].movement);
+    areaMovement.share(places + 1, 2);
     // The first area's block is taken to be the highest one.
     areaMovement.placeCopy(0, areas[0].movement);
 }

@@ -86,6 +86,8 @@ private:
             room.music = number(value);
         else if (key == "seed")
             room.meadow.seed = room.street.seed = room.galleries.seed = number(value);
+        else if (key == "spare")
+            room.spare = true;
         else if (key == "wild")
             room.wildCells.push_back(number(value));
         else if (key == "units")

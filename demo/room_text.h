@@ -23,6 +23,7 @@ struct RoomText {
     int like = -1; // the room whose map this one shares
     int music = 0;
     std::string units;
+    bool spare = false; // an older draft of the room's first screen is still there
     // Cells of the layout that name a screen past the end of the room's list.
     std::vector<int> wildCells;
 
@@ -39,6 +40,7 @@ struct RoomText {
 //     size COLUMNS ROWS  in screens; a room without this line and without "like" has no map
 //     like NUMBER        the map of an earlier room
 //     seed N, music N, sun, brick
+//     spare              keeps a draft of the first screen that no room lists
 //     ground, things, island COLUMN HEIGHT THINGS      (meadow, hamlet: see MeadowPlan)
 //     street, floors                                   (village: see StreetPlan)
 //     furniture                                        (house: see InteriorPlan)

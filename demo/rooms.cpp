@@ -78,6 +78,11 @@ private:
             m_canvases[text.number].emplace(*scenery.tileset, text.columns, text.rows);
         paint(canvas, text);
         m_builder.setMap(room, scenery, canvas);
+        if (text.spare) {
+            RoomCanvas draft = canvas;
+            draft.clear(0, 0, kScreenColumns, kScreenRows / 2);
+            m_builder.addSpareScreen(scenery, draft.screen(0, 0));
+        }
     }
 
     void takeMap(Room& room, std::size_t from, std::size_t to)
