@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QToolTip>
@@ -58,6 +59,7 @@ void MainDialog::openMainWindow()
     connectControls();
     connectCommands();
     connectTools();
+    connectTabKeys();
     setInitialSize();
 }
 
@@ -148,6 +150,24 @@ void MainDialog::connectTools()
                 [this] { m_windows.tools.areaEditor(context(), this); });
     connectTool(m_ui->mainMapEditorAction, m_ui->mainMapEditorButton, bool(tools.mainMapEditor),
                 [this] { m_windows.tools.mainMapEditor(context(), this); });
+}
+
+// Ctrl+Tab, Ctrl+Page Down and their counterparts turn the pages wherever the focus is.
+void MainDialog::connectTabKeys()
+{
+    const auto turn = [this](std::initializer_list<QKeySequence> keys, int step) {
+        for (const QKeySequence& key : keys) {
+            auto* shortcut = new QShortcut(key, this);
+            connect(shortcut, &QShortcut::activated, this, [this, step] {
+                QTabWidget& tabs = *m_ui->pageTabs;
+                tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
+            });
+        }
+    };
+    turn({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown}, 1);
+    turn({Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab,
+          Qt::CTRL | Qt::Key_PageUp},
+         -1);
 }
 
 // The template's size, but wide enough for all tabs, as far as the screen allows.

@@ -58,6 +58,7 @@ private:
     void connectControls();
     void connectCommands();
     void connectTools();
+    void connectTabKeys();
     void setInitialSize();
 
     void openRoomSelector();

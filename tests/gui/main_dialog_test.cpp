@@ -141,6 +141,21 @@ TEST_F(MainDialogTest, TabsAreReachedByKeyboard)
     EXPECT_EQ(dialog->currentPageIndex(), 1);
 }
 
+TEST_F(MainDialogTest, TabsAreTurnedFromAnywhereByKeyboard)
+{
+    openQuietly();
+    QComboBox& rooms = combo();
+    rooms.setFocus();
+    QTest::keyClick(&rooms, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(dialog->selectedTab(), 1);
+    QTest::keyClick(&rooms, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(dialog->selectedTab(), 2);
+    QTest::keyClick(&rooms, Qt::Key_PageUp, Qt::ControlModifier);
+    QTest::keyClick(&rooms, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&rooms, Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(dialog->selectedTab(), 8); // round the corner
+}
+
 TEST_F(MainDialogTest, PageIndexPastTheTabsLeavesNoPage)
 {
     openQuietly();
