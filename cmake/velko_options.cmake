@@ -11,7 +11,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     # Optimising, g++ 12 sees copies inside std::string and std::vector that overlap or overrun
     # where none do. The sanitizers and clang keep watch instead.
     target_compile_options(velko_options INTERFACE -Wno-restrict -Wno-array-bounds
-                                                   -Wno-stringop-overflow)
+                                                   -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 
 if(VELKO_SANITIZE)
