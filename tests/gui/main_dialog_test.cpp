@@ -144,6 +144,8 @@ TEST_F(MainDialogTest, TabsAreReachedByKeyboard)
 TEST_F(MainDialogTest, TabsAreTurnedFromAnywhereByKeyboard)
 {
     openQuietly();
+    dialog->activateWindow(); // shortcuts are for the active window only
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     QComboBox& rooms = combo();
     rooms.setFocus();
     QTest::keyClick(&rooms, Qt::Key_Tab, Qt::ControlModifier);
