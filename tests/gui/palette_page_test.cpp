@@ -2,13 +2,17 @@
 
 #include "app/arrow_spin.h"
 #include "app/hex_edit.h"
+#include "app/main_dialog.h"
 #include "app/picture_view.h"
 #include "tests/support/palette_rom.h"
+#include "tests/support/scripted_prompt.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -299,19 +303,21 @@ TEST_F(PalettePageTest, OnlyTheLeftButtonWrites)
 
 TEST_F(PalettePageTest, ArrowKeysChangeTheColourAndStopAtTheEdge)
 {
+    clickEntry(1);
     grid().setFocus();
     QTest::keyClick(&grid(), Qt::Key_Down);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x11));
-    expectShown(0, 0x11);
-    EXPECT_EQ(valueEdit().text(), "11");
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x12));
+    expectShown(1, 0x12);
+    EXPECT_EQ(valueEdit().text(), "12");
+    EXPECT_EQ(room().picture().at(0, 0), colour(0x12));
     QTest::keyClick(&grid(), Qt::Key_Right);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x12));
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x13));
     QTest::keyClick(&grid(), Qt::Key_Up);
     QTest::keyClick(&grid(), Qt::Key_Up);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x02));
-    for (int i = 0; i < 3; ++i)
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x03));
+    for (int i = 0; i < 4; ++i)
         QTest::keyClick(&grid(), Qt::Key_Left);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x00));
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x00));
 }
 
 TEST_F(PalettePageTest, EntrySixteenIsTheGroundOfTheWholeRoom)
@@ -401,15 +407,17 @@ TEST_F(PalettePageTest, FillingTheBoxWritesNothing)
 
 TEST_F(PalettePageTest, BrightnessSpinStepsByARowAndWraps)
 {
+    clickEntry(1);
     click(grid(), 105, 0); // colour 5
     spin("brightnessSpin", false);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x35));
-    expectShown(0, 0x35);
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x35));
+    expectShown(1, 0x35);
     EXPECT_EQ(valueEdit().text(), "35");
+    EXPECT_EQ(room().picture().at(0, 0), colour(0x35));
     spin("brightnessSpin", true);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x05));
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x05));
     spin("brightnessSpin", true);
-    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x15));
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x15));
 }
 
 TEST_F(PalettePageTest, HueSpinStepsByOneAndWraps)
@@ -712,6 +720,21 @@ TEST_F(PalettePageTest, TabGoesThroughTheControlsInTheirOrder)
     }
 }
 
+// What a picture leaves over would scroll the tab around the page.
+TEST_F(PalettePageTest, PicturesKeepTheArrowKeysAndPassOthersOn)
+{
+    for (PictureView* view : {&entries(), &grid(), &room()}) {
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+            QApplication::sendEvent(view, &press);
+            EXPECT_TRUE(press.isAccepted()) << view->objectName().toStdString();
+        }
+        QKeyEvent other(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
+        QApplication::sendEvent(view, &other);
+        EXPECT_FALSE(other.isAccepted()) << view->objectName().toStdString();
+    }
+}
+
 TEST_F(PalettePageTest, LabelsLeadToTheirControls)
 {
     const struct {
@@ -737,6 +760,77 @@ TEST_F(PalettePageTest, PageMayGoWhileItsBoxIsBeingTypedInto)
     type("123");
     page.reset();
     EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x23));
+}
+
+// In the main window
+
+class PaletteTabTest : public testing::Test {
+protected:
+    static constexpr int kPaletteTab = 6;
+
+    PaletteTabTest()
+    {
+        game.loadInto(state);
+        window = std::make_unique<MainDialog>(state, prompt);
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        chooseTab(kPaletteTab);
+    }
+
+    void chooseTab(int index) const { window->findChild<QTabBar*>()->setCurrentIndex(index); }
+    template <typename Control> Control* control(const char* name) const
+    {
+        return window->findChild<Control*>(name);
+    }
+
+    PaletteRom game;
+    EditorState state;
+    test::ScriptedPrompt prompt;
+    std::unique_ptr<MainDialog> window;
+};
+
+TEST_F(PaletteTabTest, EditsTheRoomThatTheChooserShows)
+{
+    QTest::keyClick(control<QComboBox>("roomCombo"), Qt::Key_Down);
+    ASSERT_EQ(state.currentRoom(), PaletteRom::kFourByThree);
+    EXPECT_EQ(control<HexEdit>("valueEdit")->text(), "3f");
+    QTest::mouseClick(control<QPushButton>("blackButton"), Qt::LeftButton);
+    game.bytes[PaletteRom::kFalling] = 0x0F;
+    EXPECT_EQ(test::Bytes(state.rom.bytes().begin(), state.rom.bytes().end()), game.bytes);
+}
+
+TEST_F(PaletteTabTest, PreviewGrowsWithTheWindow)
+{
+    const auto* preview = control<PictureView>("roomView");
+    const QSize before = preview->size();
+    window->resize(window->size() + QSize(320, 160));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return preview->size() == before + QSize(320, 160); })); // whole metatiles
+}
+
+TEST_F(PaletteTabTest, AnotherTabMayBeChosenWhileTypingIntoTheBox)
+{
+    auto* box = control<HexEdit>("valueEdit");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "123");
+    chooseTab(0);
+    EXPECT_EQ(control<HexEdit>("valueEdit"), nullptr);
+    game.bytes[PaletteRom::kRising] = 0x23;
+    EXPECT_EQ(test::Bytes(state.rom.bytes().begin(), state.rom.bytes().end()), game.bytes);
+    chooseTab(kPaletteTab);
+    EXPECT_EQ(control<HexEdit>("valueEdit")->text(), "23");
+}
+
+TEST_F(PaletteTabTest, WindowMayCloseWhileTypingIntoTheBox)
+{
+    auto* box = control<HexEdit>("valueEdit");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "7");
+    window.reset();
+    EXPECT_EQ(state.rom.readByte(PaletteRom::kRising), 0x07);
 }
 
 } // namespace
