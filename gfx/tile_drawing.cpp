@@ -49,7 +49,7 @@ public:
 
 private:
     using Pair = std::array<Pixel, 2>;
-    std::array<Pair, 16> m_pairs;
+    std::array<Pair, 16> m_pairs{};
 };
 
 // A tile that crosses the right or bottom edge. The shift at the right edge may lead to before

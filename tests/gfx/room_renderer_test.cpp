@@ -401,6 +401,25 @@ TEST_F(RoomTest, RegionOutsideTheRoomIsBackground)
     EXPECT_TRUE(empty.empty());
 }
 
+TEST_F(RoomTest, RegionThatLeavesTheRoomByOnePixelShowsBackgroundThere)
+{
+    const TestCore core(game); // one screen
+    PixelImage image(20, 10, 0x123456);
+    core.renderer.renderRoomRegion(image, 256 - 19, 0, kPaper);
+    PixelImage expected(20, 10, nes(1));
+    fillRectangle(expected, 0, 19, 10, 1, kPaper);
+    EXPECT_EQ(image, expected);
+
+    fill(image, 0x123456);
+    core.renderer.renderRoomRegion(image, 0, 240 - 9, kPaper);
+    expected = PixelImage(20, 10, nes(1));
+    fillRectangle(expected, 9, 0, 1, 20, kPaper);
+    EXPECT_EQ(image, expected);
+
+    core.renderer.renderRoomRegion(image, 256 - 20, 240 - 10, kPaper);
+    EXPECT_EQ(image, PixelImage(20, 10, nes(1)));
+}
+
 TEST_F(RoomTest, RegionReachesTheFarEndOfTheLargestRoom)
 {
     // Every cell of the layout reads as 3 behind the block's start.
