@@ -11,7 +11,8 @@ namespace velko {
 inline constexpr std::size_t kTileBytes = 16;
 using TileBytes = std::span<const std::uint8_t, kTileBytes>;
 
-// Draws all 64 pixels with the tile's corner at row y, column x, neither of them negative. Rows
+// Draws all 64 pixels with the tile's corner at row y, column x; a tile whose corner lies before
+// the image's first row or column is not drawn at all, as no view has one there. Rows
 // and columns past the image are cut off; the destination moves on by (image width - 8) after
 // each row whatever number of columns was written, so a tile cut at the right edge is written
 // with each further row shifted left by the columns cut off. Intended: rooms never show it.
