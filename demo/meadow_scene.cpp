@@ -1,8 +1,8 @@
 #include "demo/meadow_scene.h"
 
 #include "demo/block_rows.h"
-#include "demo/buildings.h"
 #include "demo/dice.h"
+#include "demo/meadow_things.h"
 
 #include <algorithm>
 
@@ -113,119 +113,16 @@ private:
 
     void placeThings(std::string_view things, int firstColumn)
     {
-        for (std::size_t i = 0; i < things.size(); ++i) {
-            const char letter = things[i];
-            const int column = firstColumn + static_cast<int>(i);
+        for (std::size_t i = 0; i < things.size();) {
             std::size_t run = 1;
-            while (i + run < things.size() && things[i + run] == letter)
+            while (i + run < things.size() && things[i + run] == things[i])
                 ++run;
-            const int top = m_tops[static_cast<std::size_t>(column)];
-            if (letter == 'M' || letter == 'X' || letter == 'h') {
-                placeWide(letter, 2 * column, top, 2 * static_cast<int>(run));
-                i += run - 1;
-            } else {
-                placeThing(letter, 2 * column, top);
-            }
-        }
-    }
-
-    void placeWide(char letter, int x, int top, int cells)
-    {
-        if (letter == 'M')
-            mountain(x, top, cells);
-        else if (letter == 'X')
-            paintHouse(m_canvas, {x, top, cells, 1, HouseStyle::kCottage, m_plan.seed + x});
-        else
-            for (int i = 0; i + 4 <= cells; i += 4)
-                m_canvas.stamp(x + i, top - 2,
-                               {{"hill_tl", "hill_tm", "hill_tn", "hill_tr"},
-                                {"hill_bl", "hill_bm", "hill_bm", "hill_br"}});
-    }
-
-    void mountain(int x, int top, int cells)
-    {
-        for (int row = 0; row < cells / 2; ++row) {
-            const int left = x + cells / 2 - 1 - row;
-            const int right = x + cells / 2 + row;
-            const int y = top - cells / 2 + row;
-            m_canvas.putIfEmpty(left, y, row == 0 ? "far_hill_top_l" : "far_hill_l");
-            m_canvas.putIfEmpty(right, y, row == 0 ? "far_hill_top_r" : "far_hill_r");
-            for (int cell = left + 1; cell < right; ++cell)
-                m_canvas.putIfEmpty(cell, y, "far_hill");
-        }
-    }
-
-    void pine(int x, int top, int height)
-    {
-        m_canvas.put(x, top - 1, "pine_base");
-        for (int i = 2; i < height; ++i)
-            m_canvas.put(x, top - i, "pine_mid");
-        m_canvas.put(x, top - height, "pine_top");
-    }
-
-    void placePair(int x, int y, std::string_view left, std::string_view right)
-    {
-        m_canvas.put(x, y, left);
-        m_canvas.put(x + 1, y, right);
-    }
-
-    void placeThing(char letter, int x, int top)
-    {
-        const int y = top - 1;
-        switch (letter) {
-        case '.':
-            return;
-        case 'T':
-            m_canvas.stamp(
-                x, top - 3,
-                {{"tree_tl", "tree_tr"}, {"tree_bl", "tree_br"}, {"tree_trunk_l", "tree_trunk_r"}});
-            return;
-        case 'P':
-            return pine(x, top, 3);
-        case 'p':
-            return pine(x + 1, top, 3);
-        case 'Q':
-            pine(x, top, 3);
-            return pine(x + 1, top, 4);
-        case 'l':
-            m_canvas.put(x, top - 2, "lamp_top");
-            return m_canvas.put(x, y, "lamp_post");
-        default:
-            return placeSmall(letter, x, y);
-        }
-    }
-
-    void placeSmall(char letter, int x, int y)
-    {
-        switch (letter) {
-        case 'b':
-            return placePair(x, y, "bush_l", "bush_r");
-        case 'o':
-            return m_canvas.put(x, y, "bush");
-        case 'f':
-            return placePair(x, y, "flower_tulip", "flower_daisy");
-        case 'd':
-            return placePair(x, y, "flower_daisy", "flower_daisy");
-        case 'g':
-            return placePair(x, y, "grass_tall", "grass_tall");
-        case 'm':
-            return m_canvas.put(x + 1, y, "mushroom");
-        case 's':
-            return m_canvas.put(x, y, "sign");
-        case 'F':
-            return placePair(x, y, "fence", "fence");
-        case 'w':
-            return placePair(x, y, "wheat", "wheat");
-        case 'r':
-            return m_canvas.put(x, y, "reeds");
-        case 'R':
-            return m_canvas.put(x, y, "rock");
-        case 'S':
-            return m_canvas.put(x + 1, y, "stump");
-        case 'D':
-            return placePair(x, y, "stone_mossy", "stone_mossy");
-        default:
-            throw DemoError(std::string("unknown thing in a meadow: ") + letter);
+            const std::size_t used = isWideMeadowThing(things[i]) ? run : 1;
+            const int column = firstColumn + static_cast<int>(i);
+            placeMeadowThing(m_canvas,
+                             {things[i], 2 * column, m_tops[static_cast<std::size_t>(column)],
+                              2 * static_cast<int>(used), m_plan.seed});
+            i += used;
         }
     }
 

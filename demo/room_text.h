@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/gallery.h"
+#include "demo/interior_scene.h"
 #include "demo/meadow_scene.h"
 #include "demo/village_scene.h"
 

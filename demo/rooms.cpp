@@ -1,4 +1,5 @@
 #include "demo/cave_scene.h"
+#include "demo/interior_scene.h"
 #include "demo/meadow_scene.h"
 #include "demo/room_text.h"
 #include "demo/tilesets.h"

@@ -104,6 +104,8 @@ private:
         int y = (screenRow + 1) * kScreenRows - 1;
         while (y > screenRow * kScreenRows && m_canvas.inside(x, y) && blocked(x, y))
             --y;
+        if (m_canvas.inside(x, y) && blocked(x, y))
+            throw DemoError("nowhere to stand in column " + std::to_string(x));
         return y;
     }
 
