@@ -86,6 +86,10 @@ private:
             room.music = number(value);
         else if (key == "seed")
             room.meadow.seed = room.street.seed = room.galleries.seed = number(value);
+        else if (key == "shade")
+            room.page = BlockPage::kShade;
+        else if (key == "mist")
+            room.page = BlockPage::kMist;
         else if (key == "spare")
             room.spare = true;
         else if (key == "wild")

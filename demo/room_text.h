@@ -3,6 +3,7 @@
 #include "demo/gallery.h"
 #include "demo/interior_scene.h"
 #include "demo/meadow_scene.h"
+#include "demo/tileset.h"
 #include "demo/village_scene.h"
 
 #include <filesystem>
@@ -24,6 +25,7 @@ struct RoomText {
     int like = -1; // the room whose map this one shares
     int music = 0;
     std::string units;
+    BlockPage page = BlockPage::kDrawn;
     bool spare = false; // an older draft of the room's first screen is still there
     // Cells of the layout that name a screen past the end of the room's list.
     std::vector<int> wildCells;
@@ -41,6 +43,7 @@ struct RoomText {
 //     size COLUMNS ROWS  in screens; a room without this line and without "like" has no map
 //     like NUMBER        the map of an earlier room
 //     seed N, music N, sun, brick
+//     shade, mist        the same blocks from another page of their bank
 //     spare              keeps a draft of the first screen that no room lists
 //     ground, things, island COLUMN HEIGHT THINGS      (meadow, hamlet: see MeadowPlan)
 //     street, floors                                   (village: see StreetPlan)

@@ -56,6 +56,8 @@ public:
             room.rows = text.rows;
             m_canvases[text.number].reset();
         }
+        if (text.page != BlockPage::kDrawn)
+            room.tileset = &m_world.tilesets.emplace_back(room.tileset->onPage(text.page));
         for (const int cell : text.wildCells)
             room.layout.at(static_cast<std::size_t>(cell)) =
                 static_cast<std::uint8_t>(room.screens.size() + kPastTheEnd);

@@ -8,7 +8,10 @@ namespace {
 
 constexpr std::size_t kSlots = 64;
 constexpr std::size_t kTileLoadBytes = 96;
-constexpr std::size_t kBlocksPerBank = 256;
+constexpr std::size_t kPageBlocks = 64;
+// What the values of a drawn block become on the other pages.
+constexpr std::array<std::uint8_t, 4> kShadeValues = {0, 2, 3, 3};
+constexpr std::array<std::uint8_t, 4> kMistValues = {0, 1, 1, 2};
 constexpr std::uint8_t kMirrored = 4;
 
 struct SlotName {
@@ -17,6 +20,13 @@ struct SlotName {
     int palette = -1; // the metatile's own
     bool mirrored = false;
 };
+
+Picture recoloured(Picture picture, const std::array<std::uint8_t, 4>& values)
+{
+    for (std::uint8_t& pixel : picture.pixels)
+        pixel = values[pixel];
+    return picture;
+}
 
 SlotName readName(std::string text)
 {
@@ -42,16 +52,18 @@ SlotName readName(std::string text)
 
 void BackgroundBanks::addArt(std::uint8_t bank, const ArtFile& art)
 {
-    std::vector<Block>& blocks = m_blocks.at(bank);
-    for (const Metatile& metatile : art.metatiles) {
-        if (blocks.size() == kBlocksPerBank)
-            throw DemoError("too many metatiles for one bank");
-        const Source source{bank,
-                            static_cast<std::uint8_t>(blocks.size()),
-                            {0, metatile.palette, metatile.physics}};
+    std::array<Block, 256>& blocks = m_blocks.at(bank);
+    if (art.metatiles.size() > kPageBlocks)
+        throw DemoError("too many metatiles for one bank");
+    for (std::size_t i = 0; i < art.metatiles.size(); ++i) {
+        const Metatile& metatile = art.metatiles[i];
+        const Source source{
+            bank, static_cast<std::uint8_t>(i), {0, metatile.palette, metatile.physics}};
         if (!m_sources.emplace(metatile.picture.name, source).second)
             throw DemoError("two metatiles are named " + metatile.picture.name);
-        blocks.push_back(encodeBlock(metatile.picture));
+        blocks[i] = encodeBlock(metatile.picture);
+        blocks[i + kPageBlocks] = encodeBlock(recoloured(metatile.picture, kShadeValues));
+        blocks[i + 2 * kPageBlocks] = encodeBlock(recoloured(metatile.picture, kMistValues));
     }
 }
 
@@ -92,6 +104,15 @@ Tileset::Tileset(const BackgroundBanks& banks, const std::vector<std::string>& n
         m_loadBlock[kSlots + slot / 2] |=
             static_cast<std::uint8_t>(slot % 2 == 0 ? attribute << 4 : attribute);
     }
+}
+
+Tileset Tileset::onPage(BlockPage page) const
+{
+    Tileset other = *this;
+    for (std::size_t slot = 0; slot < kSlots; ++slot)
+        other.m_loadBlock[slot] = static_cast<std::uint8_t>(
+            m_loadBlock[slot] + static_cast<std::size_t>(page) * kPageBlocks);
+    return other;
 }
 
 Cell Tileset::cell(std::string_view name) const

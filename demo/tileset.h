@@ -14,6 +14,10 @@
 
 namespace velko::demo {
 
+// Pages of 64 blocks in a background bank. The drawn ones come first, then the same in shade and
+// in mist; the last page is empty.
+enum class BlockPage : std::uint8_t { kDrawn, kShade, kMist };
+
 // The four background banks: 256 blocks of 16x16 pixels each, one bank per art file.
 class BackgroundBanks {
 public:
@@ -23,14 +27,14 @@ public:
         Cell cell; // palette and physics as drawn; the slot is not set
     };
 
-    // Stores the file's metatiles in `bank` from block 0 on.
+    // Stores the file's metatiles, at most 64, in `bank`.
     void addArt(std::uint8_t bank, const ArtFile& art);
     // Throws DemoError when no art file holds a metatile of that name.
     const Source& find(std::string_view name) const;
     void write(Bytes& prg) const;
 
 private:
-    std::array<std::vector<Block>, 4> m_blocks;
+    std::array<std::array<Block, 256>, 4> m_blocks{};
     std::map<std::string, Source, std::less<>> m_sources;
 };
 
@@ -41,6 +45,9 @@ class Tileset {
 public:
     // Slot numbers follow the order of the names; slot 0 is what empty cells show.
     Tileset(const BackgroundBanks& banks, const std::vector<std::string>& names);
+
+    // The same slots with the blocks of another page.
+    Tileset onPage(BlockPage page) const;
 
     // The cell that shows a block as it is meant to look. Throws DemoError for other names.
     Cell cell(std::string_view name) const;

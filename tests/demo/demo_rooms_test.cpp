@@ -136,16 +136,19 @@ TEST_F(DemoRooms, SomeBackgroundBlocksAreMirrored)
 {
     std::set<std::uint16_t> blocks;
     std::set<int> banks;
+    std::set<int> pages;
     for (std::uint32_t room = 0; room < kDemoRooms; ++room) {
         for (std::uint32_t slot = 0; slot < 64; ++slot) {
             const std::uint8_t pair = state.store.pahTileLoad.dataByte(64 + slot / 2, room);
             const int attribute = slot % 2 == 0 ? pair >> 4 : pair & 15;
             banks.insert(attribute & 3);
+            pages.insert(state.store.pahTileLoad.dataByte(slot, room) >> 6);
             if (attribute & 4)
                 blocks.insert(state.store.pahTileLoad.pointerOf(room));
         }
     }
     EXPECT_EQ(banks.size(), 4U);
+    EXPECT_EQ(pages, (std::set<int>{0, 1, 2}));
     EXPECT_EQ(value(MiscField::bgTileBanks), 4U);
     EXPECT_GE(blocks.size(), 2U); // load blocks with mirrored slots
 }

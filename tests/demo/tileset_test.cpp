@@ -49,11 +49,25 @@ TEST_F(TilesetTest, BlocksAreStoredColumnByColumn)
     Bytes prg(4 * kBankBytes);
     banks.write(prg);
     const auto block = prg.begin() + 2 * kBankBytes;
-    EXPECT_EQ(block[0], 0);     // plane 0 of value 2
-    EXPECT_EQ(block[8], 0x80);  // plane 1, leftmost pixel
-    EXPECT_EQ(block[24], 0x80); // the tile below
-    EXPECT_EQ(block[40], 0);    // the right column
-    EXPECT_EQ(block[72], 0x80); // the next block
+    EXPECT_EQ(block[0], 0);          // plane 0 of value 2
+    EXPECT_EQ(block[8], 0x80);       // plane 1, leftmost pixel
+    EXPECT_EQ(block[24], 0x80);      // the tile below
+    EXPECT_EQ(block[40], 0);         // the right column
+    EXPECT_EQ(block[72], 0x80);      // the next block
+    EXPECT_EQ(block[64 * 64], 0x80); // in shade value 2 becomes 3: both planes
+    EXPECT_EQ(block[64 * 64 + 8], 0x80);
+    EXPECT_EQ(block[128 * 64], 0x80); // in mist it becomes 1
+    EXPECT_EQ(block[128 * 64 + 8], 0);
+}
+
+TEST_F(TilesetTest, OtherPageShowsTheSameSlotsWithLaterBlocks)
+{
+    const Tileset tileset(banks, {"second", "first~"});
+    const Tileset mist = tileset.onPage(BlockPage::kMist);
+    EXPECT_EQ(mist.loadBlock()[0], 129);
+    EXPECT_EQ(mist.loadBlock()[1], 128);
+    EXPECT_EQ(mist.loadBlock()[64], tileset.loadBlock()[64]);
+    EXPECT_EQ(mist.cell("second"), tileset.cell("second"));
 }
 
 TEST_F(TilesetTest, NamesMustExistAndFit)
