@@ -48,6 +48,7 @@ TEST_F(MainDialogTest, ControlsCarryTheirNumbers)
     }
     EXPECT_EQ(control<QLabel>("roomLabel").text(), "Room Id:");
     EXPECT_EQ(dialog->windowTitle(), "Olvard - v4");
+    EXPECT_EQ(dialog->property(kControlId).toInt(), 102);
 }
 
 TEST_F(MainDialogTest, MenusHoldTheirCommands)
