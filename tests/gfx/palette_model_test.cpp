@@ -11,15 +11,8 @@ namespace {
 
 using test::PaletteRom;
 
-constexpr Pixel colour(std::uint32_t number)
-{
-    return PaletteRom::colour(number);
-}
-
-class PaletteModelTest : public testing::Test {
+class PaletteModelTest : public test::PaletteGameTest {
 protected:
-    PaletteModelTest() { game.loadInto(state); }
-
     std::uint8_t byteOfEntry(std::uint32_t entry) const
     {
         return state.rom.readByte(PaletteRom::kRising + entry);
@@ -30,14 +23,6 @@ protected:
         state.rom.writeByte(PaletteRom::kRising + static_cast<std::uint32_t>(model.selectedEntry()),
                             value);
     }
-    // The image as it was loaded, but for one byte.
-    test::Bytes loadedExcept(std::uint32_t offset, std::uint8_t value) const
-    {
-        test::Bytes bytes = game.bytes;
-        bytes[offset] = value;
-        return bytes;
-    }
-    test::Bytes image() const { return {state.rom.bytes().begin(), state.rom.bytes().end()}; }
     PixelImage preview()
     {
         PixelImage picture;
@@ -45,8 +30,6 @@ protected:
         return picture;
     }
 
-    PaletteRom game;
-    EditorState state;
     PaletteModel model{state};
 };
 
@@ -465,6 +448,18 @@ TEST_F(PaletteModelTest, ScrolledPreviewStartsAtItsPosition)
     model.scrollPreviewTo(16, 0);
     EXPECT_EQ(preview().at(0, 0), colour(0x3A)); // entry 5
     EXPECT_EQ(preview().at(16, 0), colour(0x3E));
+}
+
+TEST_F(PaletteModelTest, PreviewScrollsDownToTheScreenBelow)
+{
+    state.graphics.selectRoom(PaletteRom::kFourByThree);
+    model.setPreviewSize(64, 64);
+    model.scrollPreviewTo(0, 224);
+    EXPECT_EQ(preview().at(0, 15), colour(0x3E)); // entry 1, the first screen's last row
+    EXPECT_EQ(preview().at(0, 16), colour(0x36)); // entry 9
+    model.scrollPreviewTo(0, 240);
+    EXPECT_EQ(preview().at(0, 0), colour(0x36));
+    EXPECT_EQ(preview().at(16, 0), colour(0x32)); // entry 13
 }
 
 TEST_F(PaletteModelTest, SmallerRoomIsShownFromItsCorner)

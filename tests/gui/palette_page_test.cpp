@@ -4,6 +4,7 @@
 #include "app/hex_edit.h"
 #include "app/main_dialog.h"
 #include "app/picture_view.h"
+#include "app/ui_common.h"
 #include "tests/support/palette_rom.h"
 #include "tests/support/scripted_prompt.h"
 
@@ -24,19 +25,14 @@ namespace {
 
 using test::PaletteRom;
 
-constexpr Pixel colour(std::uint32_t number)
-{
-    return PaletteRom::colour(number);
-}
 constexpr Pixel kFrameLine = 0x000000;
 constexpr Pixel kFrameBand = 0xFFFFFF;
 
 // A page of 900 x 640 on the room of one screen.
-class PalettePageTest : public testing::Test {
+class PalettePageTest : public test::PaletteGameTest {
 protected:
     PalettePageTest()
     {
-        game.loadInto(state);
         state.backgroundColour = 0x123456;
         page = std::make_unique<PalettePage>(state);
         page->setup();
@@ -94,19 +90,10 @@ protected:
         valueEdit().selectAll();
         QTest::keyClicks(&valueEdit(), text);
     }
-    void changeRoom(std::uint8_t number) const
+    void changeRoom(std::uint8_t number)
     {
         state.graphics.selectRoom(number);
         page->refresh();
-    }
-
-    test::Bytes image() const { return {state.rom.bytes().begin(), state.rom.bytes().end()}; }
-    // The image as it was loaded, but for one byte.
-    test::Bytes loadedExcept(std::uint32_t offset, std::uint8_t value) const
-    {
-        test::Bytes bytes = game.bytes;
-        bytes[offset] = value;
-        return bytes;
     }
     Pixel entryPixel(int entry) const
     {
@@ -133,17 +120,21 @@ protected:
     {
         return control<PictureView>("selectedColourView").picture().at(24, 24);
     }
-    // All that shows the selected entry agrees: its swatch, the large swatch, the grid, the box.
-    void expectShown(int entry, std::uint8_t value) const
+    // The pictures agree on the selected entry: its swatch, the large swatch, the grid.
+    void expectPictured(int entry, std::uint8_t value) const
     {
         EXPECT_TRUE(entryIsFramed(entry));
         EXPECT_EQ(entryPixel(entry), colour(value & 63));
         EXPECT_EQ(selectedPixel(), colour(value & 63));
         EXPECT_TRUE(colourIsFramed(value & 63));
     }
+    // The pictures agree, and the box holds the byte.
+    void expectShown(int entry, std::uint8_t value) const
+    {
+        expectPictured(entry, value);
+        EXPECT_EQ(valueEdit().text(), QString::number(value, 16));
+    }
 
-    PaletteRom game;
-    mutable EditorState state;
     std::unique_ptr<PalettePage> page;
 };
 
@@ -164,6 +155,11 @@ TEST_F(PalettePageTest, FixedTextsAreToTheLetter)
               " Palette color ");
     EXPECT_EQ(control<QLabel>("nesPaletteLabel").text(), "NES Palette:");
     EXPECT_EQ(control<QPushButton>("blackButton").text(), "Black (0xF)");
+}
+
+TEST_F(PalettePageTest, TemplateHasItsNumber)
+{
+    EXPECT_EQ(page->property(kControlId).toInt(), 101);
 }
 
 TEST_F(PalettePageTest, PicturesHaveRoomForAllTheirPixels)
@@ -188,7 +184,7 @@ TEST_F(PalettePageTest, WholeByteIsShownInTheBox)
     state.rom.writeByte(PaletteRom::kRising, 0xC5);
     page->refresh();
     EXPECT_EQ(valueEdit().text(), "c5");
-    expectShown(0, 0x05);
+    expectShown(0, 0xC5);
 }
 
 TEST_F(PalettePageTest, LookingWritesNothing)
@@ -347,7 +343,7 @@ TEST_F(PalettePageTest, TypedTextIsReadAsHexadecimalAndItsLowByteWritten)
         SCOPED_TRACE(row.text);
         type(row.text);
         EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, row.value));
-        expectShown(1, row.value);
+        expectPictured(1, row.value);
         EXPECT_EQ(room().picture().at(0, 0), colour(row.value & 63));
         EXPECT_EQ(valueEdit().text(), row.text); // the user's own text stays while typing
     }
@@ -372,7 +368,7 @@ TEST_F(PalettePageTest, EmptyBoxWritesZero)
     valueEdit().selectAll();
     QTest::keyClick(&valueEdit(), Qt::Key_Delete);
     EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising + 1, 0x00));
-    expectShown(1, 0x00);
+    expectPictured(1, 0x00);
 }
 
 TEST_F(PalettePageTest, LeavingTheBoxShowsTheByteAndWritesNothing)
@@ -508,6 +504,7 @@ protected:
     // The colours of entries 1 and 5: the room's metatiles take turns.
     const Pixel evenMetatile = colour(0x3E);
     const Pixel oddMetatile = colour(0x3A);
+    const Pixel screenBelow = colour(0x36); // entry 9, in its even metatiles
 };
 
 TEST_F(PalettePreviewTest, PreviewTakesTheSpaceInWholeMetatiles)
@@ -553,8 +550,11 @@ TEST_F(PalettePreviewTest, ArrowsOfTheBarsScrollByOneMetatile)
     EXPECT_EQ(room().picture().at(0, 0), oddMetatile);
     horizontalBar().triggerAction(QAbstractSlider::SliderSingleStepSub);
     EXPECT_EQ(room().picture().at(0, 0), evenMetatile);
+    EXPECT_EQ(room().picture().at(0, 224), evenMetatile);
     verticalBar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(verticalBar().value(), 16);
+    EXPECT_EQ(room().picture().at(0, 223), evenMetatile);
+    EXPECT_EQ(room().picture().at(0, 224), screenBelow);
 }
 
 TEST_F(PalettePreviewTest, DraggedThumbMovesThePictureInStepsOfSixteen)
@@ -671,7 +671,7 @@ TEST_F(PalettePageTest, PaletteOutsideTheRomShowsFillerAndDropsWrites)
     spin("hueSpin", false);
     QTest::mouseClick(&control<QPushButton>("blackButton"), Qt::LeftButton);
     type("1f");
-    expectShown(0, 0x55);
+    expectPictured(0, 0x55);
     QTest::keyClick(&valueEdit(), Qt::Key_Return);
     EXPECT_EQ(valueEdit().text(), "55");
     EXPECT_EQ(image(), game.bytes);
@@ -764,13 +764,12 @@ TEST_F(PalettePageTest, PageMayGoWhileItsBoxIsBeingTypedInto)
 
 // In the main window
 
-class PaletteTabTest : public testing::Test {
+class PaletteTabTest : public test::PaletteGameTest {
 protected:
     static constexpr int kPaletteTab = 6;
 
     PaletteTabTest()
     {
-        game.loadInto(state);
         window = std::make_unique<MainDialog>(state, prompt);
         window->show();
         window->activateWindow();
@@ -784,8 +783,6 @@ protected:
         return window->findChild<Control*>(name);
     }
 
-    PaletteRom game;
-    EditorState state;
     test::ScriptedPrompt prompt;
     std::unique_ptr<MainDialog> window;
 };
@@ -796,8 +793,7 @@ TEST_F(PaletteTabTest, EditsTheRoomThatTheChooserShows)
     ASSERT_EQ(state.currentRoom(), PaletteRom::kFourByThree);
     EXPECT_EQ(control<HexEdit>("valueEdit")->text(), "3f");
     QTest::mouseClick(control<QPushButton>("blackButton"), Qt::LeftButton);
-    game.bytes[PaletteRom::kFalling] = 0x0F;
-    EXPECT_EQ(test::Bytes(state.rom.bytes().begin(), state.rom.bytes().end()), game.bytes);
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kFalling, 0x0F));
 }
 
 TEST_F(PaletteTabTest, PreviewGrowsWithTheWindow)
@@ -817,8 +813,7 @@ TEST_F(PaletteTabTest, AnotherTabMayBeChosenWhileTypingIntoTheBox)
     QTest::keyClicks(box, "123");
     chooseTab(0);
     EXPECT_EQ(control<HexEdit>("valueEdit"), nullptr);
-    game.bytes[PaletteRom::kRising] = 0x23;
-    EXPECT_EQ(test::Bytes(state.rom.bytes().begin(), state.rom.bytes().end()), game.bytes);
+    EXPECT_EQ(image(), loadedExcept(PaletteRom::kRising, 0x23));
     chooseTab(kPaletteTab);
     EXPECT_EQ(control<HexEdit>("valueEdit")->text(), "23");
 }
