@@ -364,6 +364,28 @@ TEST_F(MainDialogTest, WindowMenuHoldsCloseAndAbout)
     EXPECT_FALSE(dialog->isVisible());
 }
 
+TEST_F(MainDialogTest, WindowMenuOpensByItsButton)
+{
+    open();
+    EXPECT_FALSE(control<QMenu>("windowMenu").isVisible());
+    QTest::mouseClick(&control<QToolButton>("windowMenuButton"), Qt::LeftButton);
+    EXPECT_TRUE(control<QMenu>("windowMenu").isVisible());
+    EXPECT_FALSE(control<QToolButton>("windowMenuButton").isDown());
+}
+
+TEST_F(MainDialogTest, WindowMenuOpensByKeyboardOnItsFirstItem)
+{
+    open();
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    combo().setFocus();
+    QTest::keyClick(&combo(), Qt::Key_Minus, Qt::AltModifier);
+    QMenu& menu = control<QMenu>("windowMenu");
+    EXPECT_TRUE(menu.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Return);
+    EXPECT_FALSE(dialog->isVisible()); // closed
+}
+
 TEST_F(MainDialogTest, AboutDoesNothing)
 {
     openQuietly();
