@@ -225,6 +225,22 @@ TEST_F(MainDialogTest, BlankByItselfOpensTheListOfRooms)
     EXPECT_EQ(state.currentRoom(), 0);
 }
 
+TEST_F(MainDialogTest, RoomIsChosenByMouseInTheOpenedList)
+{
+    openQuietly();
+    QTest::mouseClick(&combo(), Qt::LeftButton);
+    ASSERT_TRUE(combo().view()->isVisible());
+    // The list takes a second click that follows at once for a part of the first.
+    QTest::qWait(QApplication::doubleClickInterval() + 1);
+    const QRect item = combo().view()->visualRect(combo().model()->index(3, 0));
+    QTest::mouseMove(combo().view()->viewport(), item.center());
+    QTest::mouseClick(combo().view()->viewport(), Qt::LeftButton, {}, item.center());
+    EXPECT_EQ(calls, (Calls{"0 commit room 0", "0 refresh room 3"}));
+    EXPECT_EQ(state.currentRoom(), 3);
+    EXPECT_EQ(spin().position(), 3);
+    EXPECT_FALSE(combo().view()->isVisible());
+}
+
 TEST_F(MainDialogTest, LongListOfRoomsDropsDownAndScrolls)
 {
     open();
@@ -240,17 +256,22 @@ TEST_F(MainDialogTest, OldPageStaysInSightWhileItAsks)
 {
     class AskingPage : public Page {
     public:
-        using Page::Page;
+        AskingPage(QWidget* parent, Calls& seen) : Page(parent), m_seen(seen) { }
         void refresh() override { }
-        void leave(bool) override { EXPECT_TRUE(isVisible()); }
+        void leave(bool) override { m_seen.push_back(isVisible() ? "in sight" : "hidden"); }
+
+    private:
+        Calls& m_seen;
     };
     open();
-    windows.pages[0].make = [](const WindowContext&, QWidget* parent) {
-        return new AskingPage(parent);
+    Calls seen;
+    windows.pages[0].make = [&seen](const WindowContext&, QWidget* parent) {
+        return new AskingPage(parent, seen);
     };
     dialog = std::make_unique<MainDialog>(state, prompt, windows);
     dialog->show();
     clickTab(1);
+    EXPECT_EQ(seen, Calls{"in sight"});
     EXPECT_EQ(dialog->currentPageIndex(), 1);
 }
 
