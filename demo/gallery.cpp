@@ -119,6 +119,8 @@ void GalleryGrid::layLadders(const GalleryPlan& plan)
         for (int column = 0; column < m_columns; ++column) {
             if (plan.galleries[g].floor[static_cast<std::size_t>(column)] != 'H')
                 continue;
+            if (plan.galleries[g + 1].ceiling[static_cast<std::size_t>(column)] != 'H')
+                throw DemoError("a shaft ends above a ceiling in column " + std::to_string(column));
             const int from = floorRow(static_cast<int>(g), column);
             const int to = floorRow(static_cast<int>(g) + 1, column);
             for (int y = from; y < to; ++y)
