@@ -4,6 +4,15 @@ namespace velko {
 
 namespace {
 
+constexpr const char* kTraceHelp =
+#ifdef _WIN32
+    "  --trace        changes nothing on this system, where the configuration loader's trace\n"
+    "                 always goes to the debugger\n";
+#else
+    "  --trace        write the configuration loader's trace to standard error; so does\n"
+    "                 setting the environment variable VELKO_TRACE\n";
+#endif
+
 // Takes one option, and from `rest` what belongs to it. Returns false when it is unknown.
 bool readOption(const QString& option, QStringList& rest, CommandLine& line)
 {
@@ -49,18 +58,18 @@ CommandLine parseCommandLine(const QStringList& arguments)
 
 QString helpText()
 {
-    return "Usage: velko [-C DIR] [ROM]\n"
-           "Edits the levels of an NES game. Without ROM a dialog asks for the file.\n"
-           "\n"
-           "  -C DIR         work in DIR, which holds module.cfg, modules, bitmap and the palette\n"
-           "  --trace        write the configuration loader's trace to standard error; so does\n"
-           "                 setting the environment variable VELKO_TRACE\n"
-           "  -h, --help     show this text\n"
-           "  -v, --version  show the version\n"
-           "\n"
-           "Exit status: 0, also when no ROM is chosen or one cannot be read; 2 for wrong\n"
-           "arguments; 49374 when a questionable data.yaml is declined (a POSIX shell sees the\n"
-           "low byte of it, 222).\n";
+    return QString("Usage: velko [-C DIR] [ROM]\n"
+                   "Edits the levels of an NES game. Without ROM a dialog asks for the file.\n"
+                   "\n"
+                   "  -C DIR         work in DIR, which holds module.cfg, modules, bitmap and the "
+                   "palette\n")
+        + kTraceHelp
+        + "  -h, --help     show this text\n"
+          "  -v, --version  show the version\n"
+          "\n"
+          "Exit status: 0, also when no ROM is chosen or one cannot be read; 2 for wrong\n"
+          "arguments; 49374 when a questionable data.yaml is declined (a POSIX shell sees the\n"
+          "low byte of it, 222).\n";
 }
 
 } // namespace velko

@@ -53,6 +53,15 @@ TEST(CommandLine, HelpTellsTheExitStatusAsAShellSeesIt)
     EXPECT_TRUE(helpText().contains("222"));
 }
 
+TEST(CommandLine, HelpTellsWhereTheTraceGoes)
+{
+#ifdef _WIN32
+    EXPECT_TRUE(helpText().contains("always goes to the debugger"));
+#else
+    EXPECT_TRUE(helpText().contains("trace to standard error"));
+#endif
+}
+
 #ifndef _WIN32
 TEST(TraceOutput, IsSilentUnlessWanted)
 {
