@@ -18,7 +18,6 @@ struct WindowContext {
     const SharedFonts& fonts;
 };
 
-inline constexpr int kMapEditingTab = 2;
 inline constexpr int kPages = 9;
 
 struct PageEntry {

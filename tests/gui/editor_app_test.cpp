@@ -15,8 +15,10 @@
 namespace velko {
 namespace {
 
+using test::byteOnDisk;
 using test::Bytes;
 using test::GameFolder;
+using test::kSomeByte;
 using test::ScriptedFileChooser;
 using test::ScriptedPrompt;
 using test::TestRom;
@@ -24,7 +26,6 @@ using test::TestRom;
 constexpr const char* kUnknownScalarText =
     "YAML content recognized as neither key or value. (Check spelling and letter case!). Press "
     "Cancel to quit.";
-constexpr std::uint32_t kSomeByte = 0x1234; // an offset that no table of the game uses
 
 // A main window that notes what it is told.
 class FakeWindow : public EditorWindow {
@@ -71,11 +72,6 @@ protected:
         Bytes bytes = TestRom(3).bytes;
         bytes.at(kSomeByte) = value;
         return folder.write(name, bytes);
-    }
-    static std::uint8_t byteOnDisk(const std::filesystem::path& file)
-    {
-        const auto bytes = loadFile(file);
-        return bytes ? bytes->at(kSomeByte) : std::uint8_t{0xEE};
     }
 };
 

@@ -10,13 +10,14 @@
 namespace velko {
 namespace {
 
+using test::byteOnDisk;
 using test::Calls;
 using test::GameFolder;
+using test::kMapEditingTab;
+using test::kSomeByte;
 using test::NotingPage;
 using test::ScriptedFileChooser;
 using test::ScriptedPrompt;
-
-constexpr std::uint32_t kSomeByte = 0x1234; // an offset that no table of the game uses
 
 // The whole program as the user has it: menu commands of the real window on the real
 // application, with scripted dialogs and noting pages.
@@ -26,10 +27,7 @@ protected:
     {
         EXPECT_TRUE(app.initApplication(folder.rom()));
         WindowTable windows = editorWindows();
-        for (std::size_t tab = 0; tab < windows.pages.size(); ++tab)
-            windows.pages[tab].make = [this, tab](const WindowContext&, QWidget* parent) {
-                return new NotingPage(app.state(), static_cast<int>(tab), calls, parent);
-            };
+        test::putNotingPages(windows, calls);
         dialog = std::make_unique<MainDialog>(app.state(), prompt, std::move(windows));
         connectFileCommands(*dialog, app);
         dialog->show();
@@ -37,11 +35,6 @@ protected:
         calls.clear();
     }
     void trigger(const char* action) { dialog->findChild<QAction*>(action)->trigger(); }
-    std::uint8_t byteOnDisk(const std::filesystem::path& file) const
-    {
-        const auto bytes = loadFile(file);
-        return bytes ? bytes->at(kSomeByte) : std::uint8_t{0xEE};
-    }
 
     GameFolder folder;
     ScriptedPrompt prompt;

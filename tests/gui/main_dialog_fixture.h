@@ -22,6 +22,8 @@ namespace velko::test {
 
 using Calls = std::vector<std::string>;
 
+inline constexpr int kMapEditingTab = 2;
+
 // A page that notes what it is told, together with the room that is current then.
 class NotingPage : public Page {
 public:
@@ -58,6 +60,15 @@ private:
     Calls& m_calls;
 };
 
+// Puts a noting page on every tab. All note in the same `calls`, which must outlive them.
+inline void putNotingPages(WindowTable& windows, Calls& calls)
+{
+    for (std::size_t tab = 0; tab < windows.pages.size(); ++tab)
+        windows.pages[tab].make = [&calls, tab](const WindowContext& context, QWidget* parent) {
+            return new NotingPage(context.state, static_cast<int>(tab), calls, parent);
+        };
+}
+
 // The main window over a small game, with noting pages on all tabs.
 class MainDialogTest : public testing::Test {
 protected:
@@ -71,10 +82,7 @@ protected:
     // Opens the window. Tools are added before, checks of what opening does follow on `calls`.
     MainDialog& open()
     {
-        for (std::size_t tab = 0; tab < windows.pages.size(); ++tab)
-            windows.pages[tab].make = [this, tab](const WindowContext&, QWidget* parent) {
-                return new NotingPage(state, static_cast<int>(tab), calls, parent);
-            };
+        putNotingPages(windows, calls);
         dialog = std::make_unique<MainDialog>(state, prompt, windows);
         dialog->show();
         return *dialog;

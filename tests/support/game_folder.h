@@ -1,15 +1,27 @@
 #pragma once
 
+#include "rom/file_io.h"
 #include "tests/gfx/bmp_builder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_rom.h"
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <utility>
 
 namespace velko::test {
+
+// A file offset that no table of a TestRom uses.
+inline constexpr std::uint32_t kSomeByte = 0x1234;
+
+// The byte at kSomeByte of a file; 0xEE when it cannot be read.
+inline std::uint8_t byteOnDisk(const std::filesystem::path& file)
+{
+    const auto bytes = loadFile(file);
+    return bytes && bytes->size() > kSomeByte ? (*bytes)[kSomeByte] : std::uint8_t{0xEE};
+}
 
 // A working folder as a user has it, around a TestRom: module.cfg, the module "toy", palette,
 // bitmaps, and the ROM as game.nes. While it lives it is the working directory.
