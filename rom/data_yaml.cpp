@@ -4,6 +4,8 @@
 #include "rom/yaml_events.h"
 #include "rom/yaml_keys.h"
 
+#include <optional>
+#include <span>
 #include <string>
 
 namespace velko {
@@ -139,29 +141,33 @@ DataYamlResult stop(UserPrompt& prompt, std::string_view text)
     return DataYamlResult::kDone;
 }
 
-} // namespace
+// The text of a file, or nothing when it could not be loaded.
+using Text = std::optional<std::span<const std::uint8_t>>;
 
-DataYamlResult loadDataYaml(const std::filesystem::path& path, GameConfig& config,
-                            UserPrompt& prompt, const TraceSink& trace)
+DataYamlResult readText(Text text, GameConfig& config, UserPrompt& prompt, const TraceSink& trace)
 {
     YamlEvents events;
     if (!events.isReady())
         return stop(prompt, kNoParser);
-    const auto text = loadFile(path);
     if (!text)
         return stop(prompt, kNoFile);
     events.setInput(*text);
     return Reader(events, config, prompt, trace).read();
 }
 
+} // namespace
+
+DataYamlResult loadDataYaml(const std::filesystem::path& path, GameConfig& config,
+                            UserPrompt& prompt, const TraceSink& trace)
+{
+    const auto bytes = loadFile(path);
+    return readText(bytes ? Text(*bytes) : std::nullopt, config, prompt, trace);
+}
+
 DataYamlResult readDataYaml(std::span<const std::uint8_t> text, GameConfig& config,
                             UserPrompt& prompt, const TraceSink& trace)
 {
-    YamlEvents events;
-    if (!events.isReady())
-        return stop(prompt, kNoParser);
-    events.setInput(text);
-    return Reader(events, config, prompt, trace).read();
+    return readText(text, config, prompt, trace);
 }
 
 } // namespace velko
