@@ -23,24 +23,6 @@ constexpr std::uint32_t kAttributeStart = 64;
 constexpr std::uint8_t kAttributeBank = 3;
 constexpr std::uint8_t kAttributeMirror = 4;
 
-// Reads bytes as RomImage::readByte() does, but as a block: this runs for every change of room.
-void readBlock(const RomImage& rom, std::uint32_t fileOffset, std::span<std::uint8_t> block)
-{
-    const std::span<const std::uint8_t> bytes = rom.bytes();
-    while (!block.empty()) {
-        // File offsets wrap at 32 bits.
-        const auto piece = block.first(static_cast<std::size_t>(
-            std::min<std::uint64_t>(block.size(), 0x100000000 - std::uint64_t{fileOffset})));
-        const std::size_t inside =
-            fileOffset < bytes.size() ? std::min(piece.size(), bytes.size() - fileOffset) : 0;
-        if (inside > 0)
-            std::copy_n(bytes.data() + fileOffset, inside, piece.data());
-        std::fill_n(piece.data() + inside, piece.size() - inside, RomImage::kPastEnd);
-        block = block.subspan(piece.size());
-        fileOffset = 0;
-    }
-}
-
 constexpr std::uint8_t reversedBits(std::uint8_t byte)
 {
     unsigned b = byte;
@@ -90,16 +72,17 @@ void GraphicsState::applyType2Loads()
         if (id >= kLoadListEnd)
             return;
         std::array<std::uint8_t, kLoadRecordBytes> record{};
-        readBlock(m_rom, records + kLoadRecordBytes * id, record);
+        m_rom.readBlock(records + kLoadRecordBytes * id, record);
         // The source may lead on into the following banks. The destination is big-endian.
         const std::uint32_t source = bankStart + record[0] + (std::uint32_t{record[1]} << 8);
         const std::size_t destination = (std::size_t{record[2]} << 8) + record[3];
         const std::size_t length = record[4] * kTileBytes;
         if (destination >= kPatternMemorySize)
             continue;
-        readBlock(m_rom, source,
-                  std::span(patternMemory)
-                      .subspan(destination, std::min(length, kPatternMemorySize - destination)));
+        m_rom.readBlock(
+            source,
+            std::span(patternMemory)
+                .subspan(destination, std::min(length, kPatternMemorySize - destination)));
     }
 }
 
@@ -115,7 +98,7 @@ void GraphicsState::buildBackgroundBlock(std::uint32_t slot)
     const auto block = std::span(patternMemory)
                            .subspan(kPatternTable1 + slot * kBackgroundBlockBytes)
                            .first<kBackgroundBlockBytes>();
-    readBlock(m_rom, bank * kBankSize + number * kBackgroundBlockBytes + kHeaderSize, block);
+    m_rom.readBlock(bank * kBankSize + number * kBackgroundBlockBytes + kHeaderSize, block);
     if (attribute & kAttributeMirror)
         mirrorBlock(block);
 }

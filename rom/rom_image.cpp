@@ -2,6 +2,8 @@
 
 #include "rom/file_io.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace velko {
@@ -14,6 +16,23 @@ void RomImage::setPath(std::filesystem::path path)
 void RomImage::setBytes(std::vector<std::uint8_t> bytes)
 {
     m_bytes = std::move(bytes);
+}
+
+void RomImage::readBlock(std::uint32_t offset, std::span<std::uint8_t> block) const
+{
+    constexpr std::uint64_t kOffsets = 0x100000000;
+    while (!block.empty()) {
+        // The part before offsets wrap, which for any but a huge block is all of it.
+        const auto piece = block.first(
+            static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), kOffsets - offset)));
+        const std::size_t inside =
+            offset < m_bytes.size() ? std::min(piece.size(), m_bytes.size() - offset) : 0;
+        if (inside > 0)
+            std::copy_n(m_bytes.data() + offset, inside, piece.data());
+        std::fill_n(piece.data() + inside, piece.size() - inside, kPastEnd);
+        block = block.subspan(piece.size());
+        offset = 0;
+    }
 }
 
 bool RomImage::load()

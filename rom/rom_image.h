@@ -36,6 +36,9 @@ public:
     {
         return offset < m_bytes.size() ? m_bytes[offset] : kPastEnd;
     }
+    // Fills `block` with what readByte() gives for `offset` and the offsets after it, which wrap at
+    // 32 bits.
+    void readBlock(std::uint32_t offset, std::span<std::uint8_t> block) const;
     // Stores `value` at `offset`. A write at or past size() is dropped.
     void writeByte(std::uint32_t offset, std::uint8_t value)
     {

@@ -34,6 +34,42 @@ TEST(RomImage, ReadsUpToTheLastByteAndFillerFromThereOn)
     EXPECT_EQ(rom.readByte(3 + 1000), 0x55);
 }
 
+// What readBlock gives for `count` bytes from `offset` on.
+Bytes blockOf(const RomImage& rom, std::uint32_t offset, std::size_t count)
+{
+    Bytes block(count, 0xEE);
+    rom.readBlock(offset, block);
+    return block;
+}
+
+TEST(RomImage, BlockInsideTheImageIsItsBytes)
+{
+    RomImage rom;
+    rom.setBytes({0x10, 0x20, 0x30, 0x40});
+    EXPECT_EQ(blockOf(rom, 0, 4), (Bytes{0x10, 0x20, 0x30, 0x40}));
+    EXPECT_EQ(blockOf(rom, 1, 2), (Bytes{0x20, 0x30}));
+    EXPECT_EQ(blockOf(rom, 1, 0), Bytes{});
+}
+
+TEST(RomImage, BlockPastTheEndIsFiller)
+{
+    RomImage rom;
+    rom.setBytes({0x10, 0x20, 0x30});
+    EXPECT_EQ(blockOf(rom, 2, 3), (Bytes{0x30, 0x55, 0x55}));
+    EXPECT_EQ(blockOf(rom, 3, 2), (Bytes{0x55, 0x55}));
+    EXPECT_EQ(blockOf(rom, 0x80000000, 2), (Bytes{0x55, 0x55}));
+    EXPECT_EQ(blockOf(RomImage(), 0, 2), (Bytes{0x55, 0x55}));
+}
+
+TEST(RomImage, BlockWrapsAt32Bits)
+{
+    RomImage rom;
+    rom.setBytes({0x10, 0x20, 0x30});
+    EXPECT_EQ(blockOf(rom, 0xFFFFFFFE, 6), (Bytes{0x55, 0x55, 0x10, 0x20, 0x30, 0x55}));
+    EXPECT_EQ(blockOf(rom, 0xFFFFFFFF, 2), (Bytes{0x55, 0x10}));
+    EXPECT_EQ(blockOf(rom, 0xFFFFFFFF, 1), Bytes{0x55});
+}
+
 TEST(RomImage, NegativeOffsetWrapsAndReadsAsFiller)
 {
     RomImage rom;
