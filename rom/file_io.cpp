@@ -9,7 +9,7 @@ namespace velko {
 namespace {
 
 // Gives `bytes` its size. Memory may really run short here: a file can be over a gigabyte.
-bool allocate(std::vector<std::uint8_t>& bytes, std::uint32_t size)
+template <typename Bytes> bool allocate(Bytes& bytes, std::uint32_t size)
 {
     try {
         bytes.resize(size);
@@ -17,6 +17,33 @@ bool allocate(std::vector<std::uint8_t>& bytes, std::uint32_t size)
         return false;
     }
     return true;
+}
+
+enum class EmptyFile { kRefused, kTaken };
+
+// Reads a whole file into a container of bytes.
+template <typename Bytes>
+std::optional<Bytes> readWhole(const std::filesystem::path& path, EmptyFile emptyFile)
+{
+    // Some platforms open a folder like a file, and a pipe would wait for a writer.
+    if (!isRegularFile(path))
+        return std::nullopt;
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    if (!file)
+        return std::nullopt;
+    const std::streamoff size = file.tellg();
+    if (size == 0 && emptyFile == EmptyFile::kTaken)
+        return Bytes();
+    if (!isLoadableSize(size))
+        return std::nullopt;
+    file.seekg(0);
+    Bytes bytes;
+    if (!file || !allocate(bytes, static_cast<std::uint32_t>(size)))
+        return std::nullopt;
+    file.read(reinterpret_cast<char*>(bytes.data()), size);
+    if (!file)
+        return std::nullopt;
+    return bytes;
 }
 
 } // namespace
@@ -29,23 +56,12 @@ bool isRegularFile(const std::filesystem::path& path)
 
 std::optional<std::vector<std::uint8_t>> loadFile(const std::filesystem::path& path)
 {
-    // Some platforms open a folder like a file, and a pipe would wait for a writer.
-    if (!isRegularFile(path))
-        return std::nullopt;
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    if (!file)
-        return std::nullopt;
-    const std::streamoff size = file.tellg();
-    if (!isLoadableSize(size))
-        return std::nullopt;
-    file.seekg(0);
-    std::vector<std::uint8_t> bytes;
-    if (!file || !allocate(bytes, static_cast<std::uint32_t>(size)))
-        return std::nullopt;
-    file.read(reinterpret_cast<char*>(bytes.data()), size);
-    if (!file)
-        return std::nullopt;
-    return bytes;
+    return readWhole<std::vector<std::uint8_t>>(path, EmptyFile::kRefused);
+}
+
+std::optional<std::string> loadTextFile(const std::filesystem::path& path)
+{
+    return readWhole<std::string>(path, EmptyFile::kTaken);
 }
 
 void saveFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes)

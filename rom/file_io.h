@@ -26,6 +26,10 @@ bool isRegularFile(const std::filesystem::path& path);
 // file, or is larger than kLargestFile.
 std::optional<std::vector<std::uint8_t>> loadFile(const std::filesystem::path& path);
 
+// Reads a whole text file, bytes as they are. Returns nothing where loadFile() does, but an empty
+// file is an empty text.
+std::optional<std::string> loadTextFile(const std::filesystem::path& path);
+
 // Creates or truncates the file and writes `bytes`. A failure to open or write is not reported.
 void saveFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 

@@ -4,20 +4,17 @@
 #include "rom/text_lines.h"
 
 #include <algorithm>
-#include <fstream>
 #include <string>
 
 namespace velko {
 
 std::optional<std::filesystem::path> readModuleConfig(const std::filesystem::path& workFolder)
 {
-    const std::filesystem::path path = workFolder / "module.cfg";
-    if (!isRegularFile(path))
+    const auto text = loadTextFile(workFolder / "module.cfg");
+    if (!text)
         return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        return std::nullopt;
-    return workFolder / pathFromBackslashes("modules\\" + readLine(file) + "\\");
+    const std::string name(TextLines(*text).next().value_or(""));
+    return workFolder / pathFromBackslashes("modules\\" + name + "\\");
 }
 
 std::filesystem::path pathFromBackslashes(std::string_view text)

@@ -4,27 +4,37 @@
 #include "rom/number_text.h"
 #include "rom/text_lines.h"
 
-#include <fstream>
+#include <cstddef>
 
 namespace velko {
+
+namespace {
+
+void takeNames(TextLines lines, std::span<std::string> names, std::string_view fillerSuffix)
+{
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (const auto line = lines.next())
+            names[i] = *line;
+        else
+            names[i] = hexText(static_cast<std::uint32_t>(i)).append(fillerSuffix);
+    }
+}
+
+} // namespace
 
 void readNameList(const std::filesystem::path& path, std::span<std::string> names,
                   std::string_view fillerSuffix)
 {
-    std::ifstream file;
-    if (isRegularFile(path))
-        file.open(path, std::ios::binary);
+    if (const auto text = loadTextFile(path))
+        splitNameList(*text, names, fillerSuffix);
     else
-        file.setstate(std::ios::failbit);
-    readNameList(file, names, fillerSuffix);
+        takeNames(TextLines(), names, fillerSuffix);
 }
 
-void readNameList(std::istream& file, std::span<std::string> names, std::string_view fillerSuffix)
+void splitNameList(std::string_view text, std::span<std::string> names,
+                   std::string_view fillerSuffix)
 {
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        names[i] = file.good() ? readLine(file)
-                               : hexText(static_cast<std::uint32_t>(i)).append(fillerSuffix);
-    }
+    takeNames(TextLines(text), names, fillerSuffix);
 }
 
 void loadNameLists(const std::filesystem::path& moduleFolder, std::uint32_t roomCount,

@@ -2,6 +2,7 @@
 
 #include "tests/support/temporary_folder.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #ifdef __unix__
 #include <sys/resource.h>
@@ -89,6 +90,37 @@ TEST(LoadFile, FileThatDoesNotFitIntoMemoryIsRefused)
     EXPECT_EXIT(loadWithLittleMemory(), ::testing::ExitedWithCode(42), "");
 }
 #endif
+
+TEST(LoadTextFile, ReadsEveryByteAsItIs)
+{
+    const test::TemporaryFolder folder;
+    const std::string text("a\r\n\0\xFF\n", 6);
+    EXPECT_EQ(loadTextFile(folder.write("file.txt", std::string_view(text))), text);
+}
+
+TEST(LoadTextFile, EmptyFileIsAnEmptyText)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(loadTextFile(folder.write("empty.txt", std::string_view())), "");
+}
+
+TEST(LoadTextFile, WhatIsNoFileIsRefused)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(loadTextFile(folder.path() / "missing.txt"), std::nullopt);
+    EXPECT_EQ(loadTextFile(folder.path()), std::nullopt);
+}
+
+TEST(LoadTextFile, FilePastTheLimitIsRefused)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("huge.txt", std::string_view("x"));
+    std::error_code error;
+    std::filesystem::resize_file(path, 1324351421, error);
+    if (error)
+        GTEST_SKIP() << "no file of that size can be made here: " << error.message();
+    EXPECT_EQ(loadTextFile(path), std::nullopt);
+}
 
 TEST(SaveFile, CreatesTheFile)
 {

@@ -124,6 +124,18 @@ TEST(LoadNameLists, WithoutFilesEveryNameIsAFiller)
     EXPECT_EQ(names.items[25], "19 : ??");
 }
 
+TEST(LoadNameLists, ListsHaveTheirFixedSizes)
+{
+    const test::TemporaryFolder folder;
+    NameLists names;
+    loadNameLists(folder.path(), 256, names);
+    EXPECT_EQ(names.units.size(), 144U);
+    EXPECT_EQ(names.vramLoads.size(), 255U);
+    EXPECT_EQ(names.music.size(), 256U);
+    EXPECT_EQ(names.rooms.size(), 256U);
+    EXPECT_EQ(names.items.size(), 26U);
+}
+
 TEST(LoadNameLists, NoRoomsMeanNoRoomNames)
 {
     const test::TemporaryFolder folder;
