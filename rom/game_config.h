@@ -65,6 +65,7 @@ enum class MiscField : std::uint8_t {
     bpahTruckMovement_pMemEdge,
 };
 inline constexpr std::size_t kMiscFields = 36;
+static_assert(kMiscFields == static_cast<std::size_t>(MiscField::bpahTruckMovement_pMemEdge) + 1);
 
 // Everything `data.yaml` tells about the game. A key that the file does not give leaves its
 // field at the value below.

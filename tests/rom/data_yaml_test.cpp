@@ -3,6 +3,7 @@
 #include "tests/rom/data_yaml_fixture.h"
 #include "tests/support/temporary_folder.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace velko {

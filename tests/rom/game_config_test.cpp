@@ -8,15 +8,22 @@ namespace {
 TEST(GameConfig, EverythingStartsAtZeroButTheStride)
 {
     const GameConfig config;
-    EXPECT_EQ(config.pahUnit.pointerPad, 2U);
-    EXPECT_EQ(config.pahMapAreaMovement.pointerPad, 2U);
-    EXPECT_EQ(config.pahUnit.dBank, (BankPair{0, 0}));
-    EXPECT_EQ(config.pahUnit.pBank, 0);
-    EXPECT_EQ(config.pahUnit.pMemStart, 0);
-    EXPECT_EQ(config.pahUnit.pMemEdge, 0);
-    EXPECT_EQ(config.pahUnit.dEdge, 0);
-    EXPECT_EQ(config.phSprite, (BankPair{0, 0}));
     EXPECT_EQ(config.unitSpriteReg, (std::array<std::uint8_t, 256>{}));
+    EXPECT_EQ(config.unitSpriteAddress, (std::array<std::uint16_t, 144>{}));
+    EXPECT_EQ(config.gameMapTileChunks, (std::array<std::uint8_t, 1024>{}));
+    EXPECT_EQ(config.itemInGameSpriteAddress, (std::array<std::uint16_t, 26>{}));
+    for (const PointerArrayDescriptor& handler :
+         {config.pahMapAlloc, config.pahTileLoad, config.pahPal, config.pahMapLayout,
+          config.pahTile32, config.pahUnit, config.pahTileLoadType2, config.pahMapAreaMovement}) {
+        EXPECT_EQ(handler.dBank, (BankPair{0, 0}));
+        EXPECT_EQ(handler.pBank, 0);
+        EXPECT_EQ(handler.pMemStart, 0);
+        EXPECT_EQ(handler.pMemEdge, 0);
+        EXPECT_EQ(handler.dEdge, 0);
+        EXPECT_EQ(handler.pointerPad, 2U);
+    }
+    EXPECT_EQ(config.phSprite, (BankPair{0, 0}));
+    EXPECT_EQ(config.phMapScreenData, (BankPair{0, 0}));
     EXPECT_EQ(config.misc, (std::array<std::uint32_t, 36>{}));
 }
 

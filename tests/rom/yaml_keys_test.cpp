@@ -135,52 +135,56 @@ INSTANTIATE_TEST_SUITE_P(
                               }}),
     nameOf);
 
-// The misc keys in storage order.
-const std::vector<std::string> kMiscKeys = {
-    "startGfxBg",
-    "bgTileBanks",
-    "startGfxType2",
-    "mapAllocDataStart",
-    "rooms",
-    "mapIndexes",
-    "mapPtrStart",
-    "ptrEntranceScreen",
-    "ptrEntranceBlock",
-    "ptrExitRoom",
-    "ptrExitEntrance",
-    "roomEntrances",
-    "roomExits",
-    "ptrTileLoadType2",
-    "ptrRoomMusic",
-    "areas",
-    "firstNeutralArea",
-    "ptrAreaEndItem",
-    "ptrAreaParachute",
-    "areaFirstNAchamber",
-    "areaLastNAchamber",
-    "ptrNA_ChamberItem",
-    "ptrNA_ChItemAddress",
-    "ptrMapAreaXY",
-    "ptrMapTruckInit",
-    "numOfMapTrucks",
-    "ptrMapPalette",
-    "ptrMapTileMap",
-    "ptrMapPathPreviewSpriteAddr",
-    "ptrMapQuadSpriteTable",
-    "ptrMapAttributeTable",
-    "bpahTruckMovement_bank",
-    "bpahTruckMovement_dMemStart",
-    "bpahTruckMovement_dMemEdge",
-    "bpahTruckMovement_pMemStart",
-    "bpahTruckMovement_pMemEdge",
+// The misc keys and their fields, in storage order.
+struct MiscKey {
+    std::string name;
+    MiscField field;
+};
+const std::vector<MiscKey> kMiscKeys = {
+    {"startGfxBg", MiscField::startGfxBg},
+    {"bgTileBanks", MiscField::bgTileBanks},
+    {"startGfxType2", MiscField::startGfxType2},
+    {"mapAllocDataStart", MiscField::mapAllocDataStart},
+    {"rooms", MiscField::rooms},
+    {"mapIndexes", MiscField::mapIndexes},
+    {"mapPtrStart", MiscField::mapPtrStart},
+    {"ptrEntranceScreen", MiscField::ptrEntranceScreen},
+    {"ptrEntranceBlock", MiscField::ptrEntranceBlock},
+    {"ptrExitRoom", MiscField::ptrExitRoom},
+    {"ptrExitEntrance", MiscField::ptrExitEntrance},
+    {"roomEntrances", MiscField::roomEntrances},
+    {"roomExits", MiscField::roomExits},
+    {"ptrTileLoadType2", MiscField::ptrTileLoadType2},
+    {"ptrRoomMusic", MiscField::ptrRoomMusic},
+    {"areas", MiscField::areas},
+    {"firstNeutralArea", MiscField::firstNeutralArea},
+    {"ptrAreaEndItem", MiscField::ptrAreaEndItem},
+    {"ptrAreaParachute", MiscField::ptrAreaParachute},
+    {"areaFirstNAchamber", MiscField::areaFirstNAchamber},
+    {"areaLastNAchamber", MiscField::areaLastNAchamber},
+    {"ptrNA_ChamberItem", MiscField::ptrNA_ChamberItem},
+    {"ptrNA_ChItemAddress", MiscField::ptrNA_ChItemAddress},
+    {"ptrMapAreaXY", MiscField::ptrMapAreaXY},
+    {"ptrMapTruckInit", MiscField::ptrMapTruckInit},
+    {"numOfMapTrucks", MiscField::numOfMapTrucks},
+    {"ptrMapPalette", MiscField::ptrMapPalette},
+    {"ptrMapTileMap", MiscField::ptrMapTileMap},
+    {"ptrMapPathPreviewSpriteAddr", MiscField::ptrMapPathPreviewSpriteAddr},
+    {"ptrMapQuadSpriteTable", MiscField::ptrMapQuadSpriteTable},
+    {"ptrMapAttributeTable", MiscField::ptrMapAttributeTable},
+    {"bpahTruckMovement_bank", MiscField::bpahTruckMovement_bank},
+    {"bpahTruckMovement_dMemStart", MiscField::bpahTruckMovement_dMemStart},
+    {"bpahTruckMovement_dMemEdge", MiscField::bpahTruckMovement_dMemEdge},
+    {"bpahTruckMovement_pMemStart", MiscField::bpahTruckMovement_pMemStart},
+    {"bpahTruckMovement_pMemEdge", MiscField::bpahTruckMovement_pMemEdge},
 };
 
 std::vector<KeyCase> miscCases()
 {
     std::vector<KeyCase> cases;
-    for (std::size_t i = 0; i < kMiscKeys.size(); ++i)
-        cases.push_back({kMiscKeys[i], "miscData: {" + kMiscKeys[i] + ": 0x89ABCDEF}",
-                         [i](GameConfig& c) { c.misc[i] = 0x89ABCDEF; }});
+    for (const MiscKey& key : kMiscKeys)
+        cases.push_back({key.name, "miscData: {" + key.name + ": 0x89ABCDEF}",
+                         [field = key.field](GameConfig& c) { c.setValue(field, 0x89ABCDEF); }});
     return cases;
 }
 
@@ -188,20 +192,11 @@ INSTANTIATE_TEST_SUITE_P(Misc, KnownKey, ::testing::ValuesIn(miscCases()), nameO
 
 using MiscKeys = test::DataYamlTest;
 
-TEST_F(MiscKeys, HaveTheFieldsTheyAreNamedAfter)
+TEST_F(MiscKeys, LieInStorageOrder)
 {
-    read("miscData: {startGfxBg: 1, rooms: 2, mapIndexes: 3, roomExits: 4, areas: 5,"
-         " ptrNA_ChItemAddress: 6, numOfMapTrucks: 7, ptrMapAttributeTable: 8,"
-         " bpahTruckMovement_pMemEdge: 9}");
-    EXPECT_EQ(misc(MiscField::startGfxBg), 1U);
-    EXPECT_EQ(misc(MiscField::rooms), 2U);
-    EXPECT_EQ(misc(MiscField::mapIndexes), 3U);
-    EXPECT_EQ(misc(MiscField::roomExits), 4U);
-    EXPECT_EQ(misc(MiscField::areas), 5U);
-    EXPECT_EQ(misc(MiscField::ptrNA_ChItemAddress), 6U);
-    EXPECT_EQ(misc(MiscField::numOfMapTrucks), 7U);
-    EXPECT_EQ(misc(MiscField::ptrMapAttributeTable), 8U);
-    EXPECT_EQ(misc(MiscField::bpahTruckMovement_pMemEdge), 9U);
+    ASSERT_EQ(kMiscKeys.size(), 36U);
+    for (std::size_t i = 0; i < 36; ++i)
+        EXPECT_EQ(static_cast<std::size_t>(kMiscKeys[i].field), i) << kMiscKeys[i].name;
 }
 
 TEST_F(MiscKeys, SequenceFromTheFirstFieldFillsAllInStorageOrder)
@@ -211,7 +206,7 @@ TEST_F(MiscKeys, SequenceFromTheFirstFieldFillsAllInStorageOrder)
         text += std::to_string(100 + i) + ",";
     read(text + "]}");
     for (std::size_t i = 0; i < 36; ++i)
-        EXPECT_EQ(config.misc[i], 100 + i) << kMiscKeys[i];
+        EXPECT_EQ(config.misc[i], 100 + i) << kMiscKeys[i].name;
 }
 
 RC_GTEST_FIXTURE_PROP(MiscKeys, SequenceRunsOnIntoTheFollowingFields, ())
@@ -219,7 +214,7 @@ RC_GTEST_FIXTURE_PROP(MiscKeys, SequenceRunsOnIntoTheFollowingFields, ())
     const auto first = *rc::gen::inRange<std::size_t>(0, 36);
     const auto values =
         *rc::gen::container<std::vector<std::uint32_t>>(rc::gen::arbitrary<std::uint32_t>());
-    std::string text = "miscData: {" + kMiscKeys[first] + ": [";
+    std::string text = "miscData: {" + kMiscKeys[first].name + ": [";
     GameConfig expected;
     for (std::size_t i = 0; i < values.size(); ++i) {
         text += std::to_string(values[i]) + ", ";
@@ -259,6 +254,8 @@ std::vector<MisplacedCase> misplacedCases()
                            "pahUnit", "pahTileLoadType2"}) {
         add("atRoot", key, "", "");
         add("amongOthers", key, "otherPointerArrayHandlers: {", "}");
+        add("amongMisc", key, "miscData: {", "}");
+        add("amongBanks", key, "pointerHandlersBanks: {", "}");
     }
     add("atRoot", "pahMapAreaMovement", "", "");
     add("amongLevelHandlers", "pahMapAreaMovement", "levelPointerArrayHandlers: {", "}");
@@ -270,10 +267,14 @@ std::vector<MisplacedCase> misplacedCases()
     for (const auto key : {"phSprite", "phMapScreenData"}) {
         add("atRoot", key, "", "");
         add("amongMisc", key, "miscData: {", "}");
+        add("amongLevelHandlers", key, "levelPointerArrayHandlers: {", "}");
+        add("amongOthers", key, "otherPointerArrayHandlers: {", "}");
     }
-    for (const auto& key : kMiscKeys) {
-        add("atRoot", key, "", "");
-        add("amongBanks", key, "pointerHandlersBanks: {", "}");
+    for (const MiscKey& key : kMiscKeys) {
+        add("atRoot", key.name, "", "");
+        add("amongBanks", key.name, "pointerHandlersBanks: {", "}");
+        add("amongLevelHandlers", key.name, "levelPointerArrayHandlers: {", "}");
+        add("amongOthers", key.name, "otherPointerArrayHandlers: {", "}");
     }
     return cases;
 }
