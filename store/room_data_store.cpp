@@ -71,13 +71,14 @@ void RoomDataStore::computeFreeSpace(std::uint32_t rooms)
     const LastBlock lastMapLayout = findLastMapLayoutBlock(pahMapLayout, rooms);
     setFreeSpaceFromEnd(pahMapLayout, mapLayoutEnd(pahMapLayout, lastMapLayout));
 
+    computeFixedLength(pahPal, rooms, kPaletteLength);
+
     const LastBlock lastTileLoadType2 =
         findLastBlock(pahTileLoadType2, rooms + kExtraTileLoadType2Entries);
     setFreeSpaceFromEnd(pahTileLoadType2, tileLoadType2End(pahTileLoadType2, lastTileLoadType2));
 
     setFreeSpaceFromEnd(pahUnit, unitEnd(pahUnit, findLastBlock(pahUnit, rooms)));
 
-    computeFixedLength(pahPal, rooms, kPaletteLength);
     computeFixedLength(pahTileLoad, rooms, kTileLoadLength);
     computeFixedLength(pahTile32, rooms, kTile32Length);
 }

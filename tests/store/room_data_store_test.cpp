@@ -167,6 +167,21 @@ TEST_F(RoomDataStoreTest, AtMost256RoomsAreLookedAt)
     EXPECT_EQ(store.pahPal.freeSpace(), 0xF00 - 32);
 }
 
+TEST_F(RoomDataStoreTest, Type2TableIsLookedAtTwoEntriesPast256Rooms)
+{
+    game.config.setValue(MiscField::rooms, 0xFFFFFFFF);
+    game.bytes.at(cpuToFileOffset(game.config.pahTileLoadType2.dBank, 0xB900)) = 0xFF;
+    game.bytes.at(cpuToFileOffset(game.config.pahTileLoadType2.dBank, 0xBA00)) = 0xFF;
+    game.setPointer(&GameConfig::pahTileLoadType2, 256, 0xB900);
+    game.setPointer(&GameConfig::pahTileLoadType2, 258, 0xBB00);
+    computeFreeSpace();
+    EXPECT_EQ(store.pahTileLoadType2.freeSpace(), 0x700 - 1);
+
+    game.setPointer(&GameConfig::pahTileLoadType2, 257, 0xBA00);
+    computeFreeSpace();
+    EXPECT_EQ(store.pahTileLoadType2.freeSpace(), 0x600 - 1);
+}
+
 TEST_F(RoomDataStoreTest, ImageOfNoBytesIsSurvived)
 {
     game.bytes.clear();
