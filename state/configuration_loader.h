@@ -11,7 +11,8 @@ namespace velko {
 enum class ConfigurationResult {
     kContinue, // start-up goes on, with whatever was read
     kQuit,     // the user declined a questionable data.yaml: end with kConfigurationQuitStatus
-    kFailed,   // a resource is missing; its message was shown: end with status 0
+    // A resource is missing, short or odd; its message was shown: end with status 0.
+    kFailed,
 };
 
 // Reads `module.cfg`, the module's `data.yaml`, the palette, the bitmaps and the name lists, in

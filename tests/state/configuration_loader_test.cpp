@@ -210,14 +210,44 @@ TEST_P(SpoiltResource, ShortFileIsNamed)
     expectFailure();
 }
 
+std::string testNameOf(const ::testing::TestParamInfo<std::string>& test)
+{
+    std::string name = test.param;
+    std::erase_if(name, [](char c) { return c == '/' || c == '.'; });
+    return name;
+}
+
 INSTANTIATE_TEST_SUITE_P(Files, SpoiltResource,
                          ::testing::Values("fr_nesB.pal", "bitmap/0.bmp", "bitmap/15.bmp",
                                            "bitmap/door1.bmp", "bitmap/door4.bmp"),
-                         [](const auto& test) {
-                             std::string name = test.param;
-                             std::erase_if(name, [](char c) { return c == '/' || c == '.'; });
-                             return name;
-                         });
+                         testNameOf);
+
+class OddBitmap : public SpoiltResource { };
+
+TEST_P(OddBitmap, OtherDepthIsNamed)
+{
+    folder.write(GetParam(), BmpBuilder(10, 10, 32).bytes());
+    expectFailure();
+}
+
+TEST_P(OddBitmap, OtherHeaderIsNamed)
+{
+    folder.write(GetParam(), BmpBuilder(10, 10, 24).setU32(14, 124).bytes());
+    expectFailure();
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, OddBitmap,
+                         ::testing::Values("bitmap/0.bmp", "bitmap/15.bmp", "bitmap/door1.bmp",
+                                           "bitmap/door4.bmp"),
+                         testNameOf);
+
+// All but the last of 192 bytes.
+TEST_F(ConfigurationLoader, PaletteThatIsOneByteTooShortIsNamed)
+{
+    folder.write("fr_nesB.pal", std::string(191, '\x40'));
+    prompt.expectError("Can't load \"fr_nesB.pal\": shorter than 64 colours of 3 bytes. Quitting.");
+    EXPECT_EQ(load(), ConfigurationResult::kFailed);
+}
 
 } // namespace
 } // namespace velko
