@@ -91,7 +91,7 @@ BmpResult decodeBmp(std::span<const std::uint8_t> file, PixelImage& image)
     if (!rows.fits(height, file.size()))
         return BmpResult::kNoBitmap;
     if (std::uint64_t{width} * height > kLargestImage)
-        return BmpResult::kOtherDepth;
+        return BmpResult::kTooLarge;
 
     image.allocate(height, width);
     const ColourTable colours = bitsPerPixel == 8 ? readColourTable(file) : ColourTable{};

@@ -12,6 +12,7 @@
 
 namespace velko {
 
+inline constexpr std::size_t kNesColours = 64; // a power of two: colour numbers are masked
 inline constexpr std::size_t kPatternMemorySize = 8192;
 inline constexpr std::size_t kPatternTable1 = 0x1000;
 
@@ -30,8 +31,8 @@ class GraphicsState {
 public:
     GraphicsState(const RomImage& rom, const GameConfig& config, RoomDataStore& store);
 
-    std::array<Pixel, 64> colourTable{};       // index: NES colour number
-    std::array<Pixel, 16> physicsBaseColour{}; // index: physics value
+    std::array<Pixel, kNesColours> colourTable{}; // index: NES colour number
+    std::array<Pixel, 16> physicsBaseColour{};    // index: physics value
     std::array<ColourSet4, 16> physicsShades{};
     // Bytes 0x0000-0x0FFF: pattern table 0 (sprites), 0x1000-0x1FFF: pattern table 1 (background).
     std::array<std::uint8_t, kPatternMemorySize> patternMemory{};
@@ -55,7 +56,10 @@ public:
     void stepUnitAnimation();
 
     // The pixel of a NES colour number; only its low 6 bits count.
-    Pixel colour(std::uint8_t nesColour) const { return colourTable[nesColour & 63]; }
+    Pixel colour(std::uint8_t nesColour) const
+    {
+        return colourTable[nesColour & (kNesColours - 1)];
+    }
     // Colours of a metatile drawn with palette 0-7 of the room. Colour 0 is always entry 16.
     ColourSet4 metatileColours(std::uint32_t paletteIndex) const;
     // The room's sprite set 0-3: entries 16 + 4 x set to 19 + 4 x set.

@@ -1,6 +1,7 @@
 #include "gfx/resources.h"
 
 #include "rom/file_io.h"
+#include "rom/number_text.h"
 
 #include <string_view>
 
@@ -8,7 +9,7 @@ namespace velko {
 
 namespace {
 
-constexpr std::size_t kPaletteBytes = 64 * 3;
+constexpr std::size_t kPaletteBytes = kNesColours * 3;
 
 constexpr std::string_view kPaletteFile = "fr_nesB.pal";
 constexpr std::string_view kBitmapFolder = "bitmap";
@@ -46,13 +47,15 @@ std::string_view reasonText(BmpResult result)
         return "not a BMP with an info header of 40 bytes";
     case BmpResult::kOtherDepth:
         return "not a bottom-up BMP of 8 or 24 bits";
+    case BmpResult::kTooLarge:
+        return "too large";
     default:
         return "not a BMP, or cut short";
     }
 }
 
 std::optional<std::string> loadPalette(const std::filesystem::path& workFolder,
-                                       std::array<Pixel, 64>& colours)
+                                       std::array<Pixel, kNesColours>& colours)
 {
     const auto file = loadFile(workFolder / kPaletteFile);
     if (!file)
@@ -85,7 +88,7 @@ PixelImage physicsPicture(const PixelImage& drawn, Pixel colour)
 
 } // namespace
 
-bool decodePalette(std::span<const std::uint8_t> file, std::array<Pixel, 64>& colours)
+bool decodePalette(std::span<const std::uint8_t> file, std::array<Pixel, kNesColours>& colours)
 {
     if (file.size() < kPaletteBytes)
         return false;
@@ -113,13 +116,15 @@ std::optional<std::string> loadResources(const std::filesystem::path& workFolder
     setPhysicsColours(graphics);
     for (std::size_t value = 0; value < resources.physicsBitmaps.size(); ++value) {
         PixelImage drawn;
-        if (auto error = loadBitmap(workFolder, std::to_string(value) + ".bmp", drawn))
+        if (auto error = loadBitmap(workFolder,
+                                    decimalText(static_cast<std::uint32_t>(value)) + ".bmp", drawn))
             return error;
         resources.physicsBitmaps[value] = physicsPicture(drawn, graphics.physicsBaseColour[value]);
     }
     resources.editorColours = kEditorColours;
     for (std::size_t slot = 0; slot < resources.doorBitmaps.size(); ++slot) {
-        const std::string name = "door" + std::to_string(slot + 1) + ".bmp";
+        const std::string name =
+            "door" + decimalText(static_cast<std::uint32_t>(slot + 1)) + ".bmp";
         if (auto error = loadBitmap(workFolder, name, resources.doorBitmaps[slot]))
             return error;
     }

@@ -25,7 +25,7 @@ inline constexpr std::array<Pixel, 8> kEditorColours = {0x000000, 0xF0F0F0, 0x90
 
 // Turns the first 192 bytes of a palette file into colours. Returns false, changing nothing, when
 // there are fewer.
-bool decodePalette(std::span<const std::uint8_t> file, std::array<Pixel, 64>& colours);
+bool decodePalette(std::span<const std::uint8_t> file, std::array<Pixel, kNesColours>& colours);
 
 // The sixteen fixed physics colours and their shades (factors 0.1, 1.0, 0.7 and 0.4).
 void setPhysicsColours(GraphicsState& graphics);

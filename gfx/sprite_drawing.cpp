@@ -1,9 +1,8 @@
 // Drawing the frames of sprite scripts.
-//
-// A frame is a byte n, n pieces of 4 bytes (tile number, x offset, y offset, attributes) and a
-// control byte, which unit_animation.cpp reads.
+// The control bytes behind them are read in unit_animation.cpp.
 
 #include "gfx/graphics_state.h"
+#include "gfx/sprite_script.h"
 
 #include <algorithm>
 
@@ -11,7 +10,6 @@ namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kPieceBytes = 4;
 constexpr std::uint8_t kAttributeSet = 3;
 constexpr std::uint8_t kAttributeHFlip = 0x40;
 constexpr std::uint8_t kAttributeVFlip = 0x80;

@@ -22,7 +22,8 @@ enum TextFlags : std::uint32_t {
 // every machine. `colour` is 0x00BBGGRR, as text colours are told to window systems.
 //
 // Letters with accents lose them, other characters beyond ASCII show a hollow box, and bytes that
-// are no UTF-8 count as Latin-1. A cell size below 1 or above 128 draws nothing.
+// are no UTF-8 (sequences broken off or longer than needed, surrogates, numbers past U+10FFFF)
+// count as Latin-1. A cell size below 1 or above 128 draws nothing.
 void drawText(std::string_view text, PixelImage& image, int top, int left, int fontWidth,
               int fontHeight, std::uint32_t colour, std::uint32_t flags = kTextPlain);
 

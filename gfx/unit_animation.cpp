@@ -4,6 +4,7 @@
 // the script that comes next follows; else the next frame does.
 
 #include "gfx/graphics_state.h"
+#include "gfx/sprite_script.h"
 
 namespace velko {
 
@@ -12,7 +13,6 @@ namespace {
 constexpr std::uint8_t kAnimated = 1;
 constexpr std::uint8_t kDelayMask = 0x7F;
 constexpr std::uint8_t kJump = 0x80;
-constexpr std::uint32_t kPieceBytes = 4;
 
 } // namespace
 

@@ -199,7 +199,7 @@ TEST(DecodeBmp, RefusesMorePixelsThanAnImageMayHave)
     const std::uint32_t side = 8193; // 8193 x 8193 > 2^26
     BmpBuilder bmp(side, side, 8);
     bmp.cutTo(54 + std::size_t{8196} * side);
-    expectRefused(bmp.bytes(), BmpResult::kOtherDepth);
+    expectRefused(bmp.bytes(), BmpResult::kTooLarge);
 }
 
 RC_GTEST_PROP(DecodeBmp, TakesAnyBytes, ())

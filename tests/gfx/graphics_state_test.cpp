@@ -3,6 +3,7 @@
 #include "tests/support/test_rom.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace velko {
 namespace {

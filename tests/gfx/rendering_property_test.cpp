@@ -49,7 +49,7 @@ PixelImage randomImage(int most)
     return PixelImage(width, size());
 }
 
-RC_GTEST_PROP(RenderingProperty, PatternMemoryIsFilledAsTold, (std::uint32_t seed))
+RC_GTEST_PROP(RenderingProperty, PatternMemoryIsFilledAsTheSlowRendererDoes, (std::uint32_t seed))
 {
     const TestRom game = anyGame(seed);
     TestCore core(game);
@@ -113,7 +113,7 @@ RC_GTEST_PROP(RenderingProperty, MetatilesShowTheirPixels,
               == "");
 }
 
-RC_GTEST_PROP(RenderingProperty, PhysicsIsDecodedAsTold,
+RC_GTEST_PROP(RenderingProperty, PhysicsIsDecodedAsTheSlowRendererDoes,
               (std::uint32_t seed, std::uint16_t address))
 {
     const TestRom game = anyGame(seed);

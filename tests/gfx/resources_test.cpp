@@ -237,6 +237,15 @@ TEST_F(LoadResources, OddBitmapsAreNamedWithTheReason)
               "Can't load \"bitmap/3.bmp\": the file is missing, empty or unreadable. Quitting.");
 }
 
+TEST_F(LoadResources, BitmapOfTooManyPixelsIsToldToBeTooLarge)
+{
+    const std::uint32_t side = 8193; // 8193 x 8193 > 2^26
+    BmpBuilder bmp(side, side, 8);
+    bmp.cutTo(54 + std::size_t{8196} * side);
+    writeBitmap("door1", bmp.bytes());
+    EXPECT_EQ(load(), "Can't load \"bitmap/door1.bmp\": too large. Quitting.");
+}
+
 TEST_F(LoadResources, FolderInAFilesPlaceIsNamed)
 {
     remove("bitmap/7.bmp");

@@ -253,6 +253,38 @@ TEST(DrawText, BytesThatAreNoUtf8CountAsLatin1)
               textOn(ground(), " 2A", 0, 0, kThumbnail));
 }
 
+TEST(DrawText, SequencesThatUtf8ForbidsCountAsLatin1)
+{
+    struct Case {
+        std::string bytes;
+        std::string_view shown; // Latin-1 0x80 to 0xA0 are blanks
+    };
+    for (const Case& c : {
+             Case{"\xC1\x81", "A "},           // 'A' in two bytes
+             Case{"\xE0\x81\x81", "a  "},      // in three
+             Case{"\xF0\x80\x81\x81", "d   "}, // in four
+             Case{"\xE0\x9F\x80", "a  "},      // U+07C0 needs two bytes only
+             Case{"\xF0\x8F\x80\x80", "d   "}, // U+F000 needs three
+             Case{"\xED\xA0\x80", "i  "},      // the first surrogate
+             Case{"\xF4\x90\x80\x80", "o   "}, // U+110000
+             Case{"\xF5\x80\x80\x80", "o   "},
+         })
+        EXPECT_EQ(textOn(ground(), c.bytes + "2", 0, 0, kThumbnail),
+                  textOn(ground(), std::string(c.shown) + "2", 0, 0, kThumbnail));
+}
+
+TEST(DrawText, SequencesAtTheLimitsAreOneCharacter)
+{
+    const PixelImage box = textOn(ground(), "\u20AC2", 0, 0, kThumbnail);
+    for (const std::string_view last : {"\u0800", "\uD7FF", "\uE000", "\U00010000", "\U0010FFFF"})
+        EXPECT_EQ(textOn(ground(), std::string(last) + "2", 0, 0, kThumbnail), box);
+    EXPECT_EQ(textOn(ground(),
+                     "\xC2\x80"
+                     "2",
+                     0, 0, kThumbnail),
+              textOn(ground(), " 2", 0, 0, kThumbnail));
+}
+
 TEST(DrawText, CharactersCannotBeTakenForEachOther)
 {
     // In fully covered pixels; a stem of the small face has about 18.
