@@ -12,6 +12,9 @@ namespace velko {
 inline constexpr std::uint32_t kPaletteLength = 32;
 inline constexpr std::uint32_t kTileLoadLength = 96;
 inline constexpr std::uint32_t kTile32Length = 1024;
+// The smallest layout that a room can have: one cell between two border columns.
+inline constexpr std::uint8_t kNewLayoutWidth = 3;
+inline constexpr std::uint8_t kNewLayoutHeight = 1;
 // Type-2 load lists without an end mark are read to this many bytes.
 inline constexpr std::uint32_t kLongestTileLoadType2 = 0x1000;
 

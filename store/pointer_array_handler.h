@@ -4,8 +4,19 @@
 #include "rom/rom_image.h"
 
 #include <cstdint>
+#include <span>
 
 namespace velko {
+
+// What inserting into or deleting from a block did. Unless ok(), nothing has changed.
+struct [[nodiscard]] EditResult {
+    // 0 done; 1 the free space is not known; (shortfall << 16) | 2 not enough free space.
+    std::uint32_t code = 0;
+
+    bool ok() const { return code == 0; }
+    // Bytes that were missing, modulo 65536.
+    std::uint32_t shortfall() const { return code >> 16; }
+};
 
 // One kind of room data: a table of 16-bit little-endian CPU addresses, one entry per room, that
 // points at packed blocks of varying length in a data region. Several rooms may point at the
@@ -69,7 +80,40 @@ public:
     void setDataByte(std::uint32_t offset, std::uint8_t value);
     void setDataWord(std::uint32_t offset, std::uint16_t value);
 
+    // Growing and shrinking blocks. Everything above the place moves, the pointers of the whole
+    // table (not only those of the rooms) follow, and bytes are only ever taken from, and
+    // returned to, the free space below `dEdge`. A region that spans both windows must have its
+    // two banks next to one another in the file.
+    //
+    // An insertion at offset 0 becomes the head of the block, for every room that shares it: the
+    // pointers to the block's start stay. At any other offset a pointer to exactly that place
+    // moves too, since it is the start of the block that follows.
+    EditResult insertBytes(std::uint32_t offset, std::span<const std::uint8_t> bytes);
+    EditResult insertByte(std::uint32_t offset, std::uint8_t value);
+    EditResult insertWord(std::uint32_t offset, std::uint16_t value);
+    // Inserts zero bytes, for a caller that fills them afterwards.
+    EditResult insertBlank(std::uint32_t offset, std::uint32_t count);
+
+    // Pointers above the place move down by `count`; those to the place itself stay, so the room
+    // and all that share its block go on with the bytes behind the removed ones. Whether `count`
+    // bytes are in use at all is not checked.
+    EditResult deleteBytes(std::uint32_t offset, std::uint32_t count, std::uint32_t room);
+    EditResult deleteBytes(std::uint32_t offset, std::uint32_t count)
+    {
+        return deleteBytes(offset, count, m_currentRoom);
+    }
+    EditResult deleteWord(std::uint32_t offset) { return deleteBytes(offset, 2); }
+    // The same at a CPU address, of which the low 16 bits count.
+    EditResult deleteBytesAt(std::uint32_t cpuAddress, std::uint32_t count);
+
+    // The first free byte: `dEdge` - freeSpace(), modulo 65536.
+    std::uint16_t freeSpaceStart() const;
+
 private:
+    // Calls `visit` with the file offset of each table entry whose first byte lies below the
+    // table's end. A last entry that the end cuts through is visited too.
+    template <typename Visit> void visitEntries(Visit visit);
+
     RomImage& m_rom;
     PointerArrayDescriptor m_descriptor;
     std::uint32_t m_currentRoom = 0;
