@@ -3,16 +3,13 @@
 #include "gfx/room_renderer.h"
 #include "gfx/tile32.h"
 #include "store/block_lengths.h"
+#include "store/screen_area.h"
 
 namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kScreenBytes = 64;
 constexpr std::uint32_t kTile32PerRow = 8;
-// The screen area has a hole of 8 bytes here, so that the screens above lie 8 bytes further.
-constexpr std::uint16_t kHole = 0xC800;
-constexpr std::int64_t kHoleBytes = 8;
 
 constexpr std::uint32_t tile32Position(std::uint32_t row, std::uint32_t column)
 {
@@ -49,12 +46,7 @@ std::uint32_t RoomRenderer::screenCount(std::uint32_t room) const
 
 std::uint32_t RoomRenderer::screenIndex(std::uint16_t screenAddress) const
 {
-    // Any 32-bit start may stand in the configuration: count in 64 bits.
-    const std::int64_t start = m_config.value(MiscField::mapAllocDataStart);
-    if (screenAddress < start)
-        return 0;
-    const std::int64_t hole = screenAddress > kHole ? kHoleBytes : 0;
-    return static_cast<std::uint32_t>((screenAddress - hole - start) / kScreenBytes);
+    return ScreenArea::of(m_config).indexOf(screenAddress);
 }
 
 std::uint16_t RoomRenderer::screenAddress(std::uint32_t index) const

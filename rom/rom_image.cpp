@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <utility>
 
 namespace velko {
@@ -33,6 +34,17 @@ void RomImage::readBlock(std::uint32_t offset, std::span<std::uint8_t> block) co
         block = block.subspan(piece.size());
         offset = 0;
     }
+}
+
+void RomImage::moveBytes(std::uint32_t to, std::uint32_t from, std::uint32_t count)
+{
+    if (to >= size())
+        return;
+    const std::uint32_t kept = std::min(count, size() - to);
+    const std::uint32_t inside = from < size() ? std::min(kept, size() - from) : 0;
+    if (inside != 0)
+        std::memmove(&m_bytes[to], &m_bytes[from], inside);
+    std::fill_n(m_bytes.begin() + to + inside, kept - inside, kPastEnd);
 }
 
 bool RomImage::load()

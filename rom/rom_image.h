@@ -46,6 +46,10 @@ public:
             m_bytes[offset] = value;
     }
 
+    // Copies `count` bytes from `from` to `to`, as if through a buffer, so the two ranges may
+    // overlap. Bytes past the end read as kPastEnd; those that would land there are dropped.
+    void moveBytes(std::uint32_t to, std::uint32_t from, std::uint32_t count);
+
     // The file that was opened or last saved as; empty before the first file dialog.
     const std::filesystem::path& path() const { return m_path; }
     void setPath(std::filesystem::path path);

@@ -20,6 +20,13 @@ EditResult notEnoughFreeSpace(std::int64_t shortfall)
 
 } // namespace
 
+// File offset just behind the byte that lies before an address: the end of a run of bytes, which
+// may be the end of a bank.
+std::uint32_t PointerArrayHandler::endOffset(std::uint16_t cpuAddress) const
+{
+    return dataFileOffset(static_cast<std::uint16_t>(cpuAddress - 1)) + 1;
+}
+
 template <typename Visit> void PointerArrayHandler::visitEntries(Visit visit)
 {
     const std::uint32_t stride = m_descriptor.pointerPad;
@@ -43,9 +50,9 @@ EditResult PointerArrayHandler::insertBytes(std::uint32_t offset,
         return notEnoughFreeSpace(shortfall);
 
     const std::uint32_t first = dataFileOffset(pointerOf(m_currentRoom, offset));
-    const auto lastUsed = static_cast<std::uint16_t>(freeSpaceStart() - 1);
-    for (std::uint32_t i = dataFileOffset(lastUsed); i >= first; --i)
-        m_rom.writeByte(i + count, m_rom.readByte(i));
+    const std::uint32_t usedEnd = endOffset(freeSpaceStart());
+    if (first < usedEnd)
+        m_rom.moveBytes(first + count, first, usedEnd - first);
     m_freeSpace -= static_cast<std::int32_t>(count);
     for (std::uint32_t i = 0; i < count; ++i)
         m_rom.writeByte(first + i, bytes[i]);
@@ -85,38 +92,53 @@ EditResult PointerArrayHandler::insertBlank(std::uint32_t offset, std::uint32_t 
 EditResult PointerArrayHandler::deleteBytes(std::uint32_t offset, std::uint32_t count,
                                             std::uint32_t room)
 {
-    return deleteBytesAt(pointerOf(room, offset), count);
+    if (m_freeSpace == kFreeSpaceUnknown)
+        return kFreeSpaceNotKnown;
+    closeGap(pointerOf(room, offset), count);
+    // Read again, in case the table itself lies among the bytes that moved.
+    lowerPointersAbove(pointerOf(room, offset), count);
+    return kDone;
 }
 
 EditResult PointerArrayHandler::deleteBytesAt(std::uint32_t cpuAddress, std::uint32_t count)
 {
     if (m_freeSpace == kFreeSpaceUnknown)
         return kFreeSpaceNotKnown;
-    if (count == 0)
-        return kDone;
     const auto place = static_cast<std::uint16_t>(cpuAddress & 0xFFFF);
+    closeGap(place, count);
+    lowerPointersAbove(place, count);
+    return kDone;
+}
+
+void PointerArrayHandler::closeGap(std::uint16_t place, std::uint32_t count)
+{
+    // No bytes have no last one: its address might map to another bank, far behind the first.
+    if (count == 0)
+        return;
     const std::uint16_t usedEnd = freeSpaceStart();
     const auto newUsedEnd = static_cast<std::uint16_t>(usedEnd - count);
-
-    const std::uint32_t last = dataFileOffset(static_cast<std::uint16_t>(newUsedEnd - 1));
-    for (std::uint32_t i = dataFileOffset(place); i <= last; ++i)
-        m_rom.writeByte(i, m_rom.readByte(i + count));
-    const std::uint32_t lastFreed = dataFileOffset(static_cast<std::uint16_t>(usedEnd - 1));
-    for (std::uint32_t i = dataFileOffset(newUsedEnd); i <= lastFreed; ++i)
+    const std::uint32_t first = dataFileOffset(place);
+    const std::uint32_t movedEnd = endOffset(newUsedEnd);
+    if (first < movedEnd)
+        m_rom.moveBytes(first, first + count, movedEnd - first);
+    const std::uint32_t freedEnd = endOffset(usedEnd);
+    for (std::uint32_t i = dataFileOffset(newUsedEnd); i < freedEnd; ++i)
         m_rom.writeByte(i, 0);
+    m_freeSpace = static_cast<std::int32_t>(static_cast<std::uint32_t>(m_freeSpace) + count);
+}
 
+void PointerArrayHandler::lowerPointersAbove(std::uint16_t place, std::uint32_t count)
+{
     visitEntries([&](std::uint32_t entry) {
         const std::uint16_t pointer = pointerOf(entry);
         if (pointer > place)
             setPointer(entry, static_cast<std::uint16_t>(pointer - count));
     });
-    m_freeSpace = static_cast<std::int32_t>(static_cast<std::uint32_t>(m_freeSpace) + count);
-    return kDone;
 }
 
 std::uint16_t PointerArrayHandler::freeSpaceStart() const
 {
-    return static_cast<std::uint16_t>(m_descriptor.dEdge - m_freeSpace);
+    return static_cast<std::uint16_t>(m_descriptor.dEdge - static_cast<std::uint32_t>(m_freeSpace));
 }
 
 } // namespace velko

@@ -4,22 +4,28 @@
 
 namespace velko {
 
-BlockMap::BlockMap(const PointerArrayHandler& handler, BlockKind::Length length)
-    : m_handler(handler), m_length(length)
+BlockMap::BlockMap(const PointerArrayHandler& handler, const BlockKind& kind)
+    : m_handler(handler), m_lengths(handler, kind)
 {
     rebuild();
 }
 
 void BlockMap::rebuild()
 {
+    m_lengths.refresh();
     const auto count = static_cast<std::uint32_t>(std::max(m_handler.entryCount(), 0));
     m_byRoom.resize(count);
     for (std::uint32_t room = 0; room < count; ++room) {
         const std::uint32_t start = m_handler.pointerOf(room);
-        m_byRoom[room] = {start, start + m_length(m_handler, room), room};
+        m_byRoom[room] = {start, start + m_lengths.of(room), room};
     }
-    m_byStart = m_byRoom;
-    std::ranges::stable_sort(m_byStart, {}, &Block::start);
+    // Closing a gap leaves the order of the blocks as it was: the next rebuild need not sort.
+    if (m_byStart.size() != count)
+        m_byStart = m_byRoom;
+    for (Block& block : m_byStart)
+        block = m_byRoom[block.room];
+    if (!std::ranges::is_sorted(m_byStart, {}, &Block::start))
+        std::ranges::sort(m_byStart, {}, &Block::start);
 
     m_reach.resize(count);
     Reach reach;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/block_kinds.h"
+#include "store/length_table.h"
 #include "store/pointer_array_handler.h"
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct BlockGap {
 // searches, since a table may have tens of thousands of entries.
 class BlockMap {
 public:
-    BlockMap(const PointerArrayHandler& handler, BlockKind::Length length);
+    BlockMap(const PointerArrayHandler& handler, const BlockKind& kind);
 
     void rebuild();
 
@@ -39,7 +39,7 @@ private:
     bool liesInsideAnother(const Block& block, std::uint32_t wrappedEnd) const;
 
     const PointerArrayHandler& m_handler;
-    BlockKind::Length m_length;
+    LengthTable m_lengths;
     std::vector<Block> m_byRoom;
     std::vector<Block> m_byStart; // in order of start
     // For each prefix of m_byStart: the block that reaches furthest, and the one after it.

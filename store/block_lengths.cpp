@@ -2,17 +2,11 @@
 
 namespace velko {
 
-namespace {
-
-constexpr std::uint16_t kScreenListEnd = 0xFFFF;
-
-} // namespace
-
 std::uint32_t mapAllocLength(const PointerArrayHandler& mapAlloc, std::uint32_t room)
 {
     // The byte offset is bounded here, the number of words in mapAllocWords().
     std::uint32_t offset = 0;
-    while (offset < 0x10000 && mapAlloc.dataWord(offset, room) != kScreenListEnd)
+    while (offset < kLongestScreenListBytes && mapAlloc.dataWord(offset, room) != kScreenListEnd)
         offset += 2;
     return offset + 2;
 }
@@ -26,7 +20,7 @@ std::uint32_t mapLayoutLength(const PointerArrayHandler& mapLayout, std::uint32_
 std::uint32_t mapAllocWords(const PointerArrayHandler& mapAlloc, std::uint32_t room)
 {
     std::uint32_t words = 0;
-    while (words < 0x10000 && mapAlloc.dataWord(2 * words, room) != kScreenListEnd)
+    while (words < kLongestScreenList && mapAlloc.dataWord(2 * words, room) != kScreenListEnd)
         ++words;
     return words;
 }

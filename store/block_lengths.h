@@ -18,6 +18,12 @@ inline constexpr std::uint8_t kNewLayoutHeight = 1;
 // Type-2 load lists without an end mark are read to this many bytes.
 inline constexpr std::uint32_t kLongestTileLoadType2 = 0x1000;
 
+// The word that ends a screen list. Lists without one are read to this many words, or bytes: the
+// count of words and the length of the block are bounded differently.
+inline constexpr std::uint16_t kScreenListEnd = 0xFFFF;
+inline constexpr std::uint32_t kLongestScreenList = 0x10000;
+inline constexpr std::uint32_t kLongestScreenListBytes = 0x10000;
+
 // Bytes of a map layout's table entry that hold the room's stored width and height.
 inline constexpr std::uint32_t kMapWidthByte = 2;
 inline constexpr std::uint32_t kMapHeightByte = 3;

@@ -3,6 +3,8 @@
 #include "rom/number_text.h"
 #include "store/block_gaps.h"
 #include "store/block_lengths.h"
+#include "store/data_window.h"
+#include "store/length_table.h"
 
 #include <algorithm>
 #include <vector>
@@ -52,7 +54,9 @@ void BlockOperations::deleteData()
     const std::uint32_t room = m_handler.currentRoom();
     // Refused when the free space is not known; the steps below are still taken.
     static_cast<void>(m_handler.deleteBytes(0, length(room)));
-    if (m_handler.pointerOf(room) == m_handler.freeSpaceStart())
+    // Compared as numbers: where nothing of the region is known to be used, no address is meant.
+    const std::int64_t usedEnd = std::int64_t{m_handler.descriptor().dEdge} - m_handler.freeSpace();
+    if (m_handler.pointerOf(room) == usedEnd)
         leaveFreeSpace();
     setRoomSize(0, 0);
 }
@@ -142,7 +146,7 @@ void BlockOperations::deleteUnusedData()
 {
     std::uint32_t total = 0;
     std::uint32_t chunks = 0;
-    BlockMap map(m_handler, m_kind.length);
+    BlockMap map(m_handler, m_kind);
     for (std::uint32_t room = 0; room < entryCount(); ++room) {
         const BlockGap gap = map.gapBehind(room);
         if (gap.length == 0)
@@ -166,17 +170,26 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
         return room < roomNames.size() ? roomNames[room] : std::string();
     };
     const std::uint32_t count = entryCount();
+    DataWindow window(m_handler);
+    LengthTable lengths(m_handler, m_kind);
+    const auto contents = [&](std::uint32_t room, std::uint32_t blockLength) {
+        return window.bytes(m_handler.pointerOf(room), blockLength);
+    };
     bool joined = false;
-    std::vector<std::uint8_t> block;
     for (std::uint32_t i = 0; i + 1 < count; ++i) {
-        const std::uint32_t blockLength = length(i);
-        block.resize(blockLength);
-        for (std::uint32_t k = 0; k < blockLength; ++k)
-            block[k] = m_handler.dataByte(k, i);
-        for (std::uint32_t j = i + 1; j < count && blockLength != 0; ++j) {
-            if (m_handler.pointerOf(j) == m_handler.pointerOf(i) || !holds(j, block))
+        const std::uint32_t blockLength = lengths.of(i);
+        if (blockLength == 0)
+            continue;
+        const auto now = contents(i, blockLength);
+        // A copy: joining moves the bytes.
+        const std::vector<std::uint8_t> block(now.begin(), now.end());
+        for (std::uint32_t j = i + 1; j < count; ++j) {
+            if (m_handler.pointerOf(j) == m_handler.pointerOf(i) || lengths.of(j) != blockLength
+                || !std::ranges::equal(contents(j, blockLength), block))
                 continue;
             join(i, j, blockLength);
+            window.refresh();
+            lengths.refresh();
             joined = true;
             m_prompt.showMessage("Room \"" + nameOf(i) + "\" and Room \"" + nameOf(j)
                                  + "\" had identical data and has been joined to use the same "
@@ -185,17 +198,6 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
     }
     if (!joined)
         m_prompt.showMessage("Found no identical Rooms with different pointers.");
-}
-
-// True when the room's block has exactly these bytes.
-bool BlockOperations::holds(std::uint32_t room, std::span<const std::uint8_t> block) const
-{
-    // The bytes first: most blocks differ in their first few, and a length may take a long scan.
-    for (std::uint32_t k = 0; k < block.size(); ++k) {
-        if (m_handler.dataByte(k, room) != block[k])
-            return false;
-    }
-    return length(room) == block.size();
 }
 
 void BlockOperations::join(std::uint32_t keeper, std::uint32_t joined, std::uint32_t blockLength)

@@ -59,7 +59,6 @@ private:
     void leaveFreeSpace();
     bool adjustLength(std::uint32_t from, std::uint32_t to);
     void copyFrom(std::uint32_t roomB, std::uint32_t count);
-    bool holds(std::uint32_t room, std::span<const std::uint8_t> block) const;
     void join(std::uint32_t keeper, std::uint32_t joined, std::uint32_t blockLength);
 
     PointerArrayHandler& m_handler;

@@ -73,15 +73,25 @@ std::uint32_t PointerArrayHandler::dataFileOffset(std::uint16_t cpuAddress) cons
     return cpuToFileOffset(m_descriptor.dBank, cpuAddress);
 }
 
+std::uint8_t PointerArrayHandler::byteAt(std::uint16_t cpuAddress) const
+{
+    return m_rom.readByte(dataFileOffset(cpuAddress));
+}
+
+std::uint16_t PointerArrayHandler::wordAt(std::uint16_t cpuAddress) const
+{
+    const std::uint32_t fileOffset = dataFileOffset(cpuAddress);
+    return wordOf(m_rom.readByte(fileOffset), m_rom.readByte(fileOffset + 1));
+}
+
 std::uint8_t PointerArrayHandler::dataByte(std::uint32_t offset, std::uint32_t room) const
 {
-    return m_rom.readByte(dataFileOffset(pointerOf(room, offset)));
+    return byteAt(pointerOf(room, offset));
 }
 
 std::uint16_t PointerArrayHandler::dataWord(std::uint32_t offset, std::uint32_t room) const
 {
-    const std::uint32_t fileOffset = dataFileOffset(pointerOf(room, offset));
-    return wordOf(m_rom.readByte(fileOffset), m_rom.readByte(fileOffset + 1));
+    return wordAt(pointerOf(room, offset));
 }
 
 void PointerArrayHandler::setDataByte(std::uint32_t offset, std::uint8_t value)

@@ -71,8 +71,12 @@ public:
     // File offset of a CPU address in the data region.
     std::uint32_t dataFileOffset(std::uint16_t cpuAddress) const;
 
-    // The byte or little-endian word `offset` bytes into the room's block. A word's second byte
-    // is the next byte of the file, even where the next address would map elsewhere.
+    // The byte or little-endian word at an address of the data region. A word's second byte is
+    // the next byte of the file, even where the next address would map elsewhere.
+    std::uint8_t byteAt(std::uint16_t cpuAddress) const;
+    std::uint16_t wordAt(std::uint16_t cpuAddress) const;
+
+    // The same `offset` bytes into the room's block.
     std::uint8_t dataByte(std::uint32_t offset, std::uint32_t room) const;
     std::uint8_t dataByte(std::uint32_t offset) const { return dataByte(offset, m_currentRoom); }
     std::uint16_t dataWord(std::uint32_t offset, std::uint32_t room) const;
@@ -84,6 +88,10 @@ public:
     // table (not only those of the rooms) follow, and bytes are only ever taken from, and
     // returned to, the free space below `dEdge`. A region that spans both windows must have its
     // two banks next to one another in the file.
+    //
+    // The bytes to move are told by the file offsets of addresses, and nothing is checked against
+    // the block or the region: a block that reaches into free space, when it is deleted, takes
+    // the end of the used part with it.
     //
     // An insertion at offset 0 becomes the head of the block, for every room that shares it: the
     // pointers to the block's start stay. At any other offset a pointer to exactly that place
@@ -113,6 +121,10 @@ private:
     // Calls `visit` with the file offset of each table entry whose first byte lies below the
     // table's end. A last entry that the end cuts through is visited too.
     template <typename Visit> void visitEntries(Visit visit);
+    std::uint32_t endOffset(std::uint16_t cpuAddress) const;
+    // The two halves of a deletion.
+    void closeGap(std::uint16_t place, std::uint32_t count);
+    void lowerPointersAbove(std::uint16_t place, std::uint32_t count);
 
     RomImage& m_rom;
     PointerArrayDescriptor m_descriptor;

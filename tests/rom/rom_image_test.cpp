@@ -94,6 +94,50 @@ TEST(RomImage, WritePastEndIsDropped)
     EXPECT_EQ(copyOf(rom), (Bytes{1, 2, 3}));
 }
 
+TEST(RomImage, MovedRangesMayOverlap)
+{
+    RomImage rom;
+    rom.setBytes({1, 2, 3, 4, 5});
+    rom.moveBytes(1, 0, 3);
+    EXPECT_EQ(copyOf(rom), (Bytes{1, 1, 2, 3, 5}));
+    rom.setBytes({1, 2, 3, 4, 5});
+    rom.moveBytes(0, 2, 3);
+    EXPECT_EQ(copyOf(rom), (Bytes{3, 4, 5, 4, 5}));
+}
+
+TEST(RomImage, BytesMovedInFromPastTheEndAreFillerAndOutOfItAreDropped)
+{
+    RomImage rom;
+    rom.setBytes({1, 2, 3, 4, 5});
+    rom.moveBytes(1, 3, 4);
+    EXPECT_EQ(copyOf(rom), (Bytes{1, 4, 5, 0x55, 0x55}));
+    rom.moveBytes(3, 1, 4);
+    EXPECT_EQ(copyOf(rom), (Bytes{1, 4, 5, 4, 5}));
+    rom.moveBytes(0, 0xFFFFFFF0, 2);
+    EXPECT_EQ(copyOf(rom), (Bytes{0x55, 0x55, 5, 4, 5}));
+    rom.moveBytes(5, 0, 0xFFFFFFFF);
+    rom.moveBytes(0, 4, 0);
+    EXPECT_EQ(copyOf(rom), (Bytes{0x55, 0x55, 5, 4, 5}));
+}
+
+// What a loop over the accessors does when it starts at the end that is not overwritten first.
+RC_GTEST_PROP(RomImageProperty, MovingIsReadingAllAndThenWritingAll,
+              (Bytes bytes, std::uint8_t to, std::uint8_t from, std::uint8_t count))
+{
+    RomImage byLoop;
+    byLoop.setBytes(bytes);
+    Bytes buffer;
+    for (std::uint32_t i = 0; i < count; ++i)
+        buffer.push_back(byLoop.readByte(from + i));
+    for (std::uint32_t i = 0; i < count; ++i)
+        byLoop.writeByte(to + i, buffer[i]);
+
+    RomImage moved;
+    moved.setBytes(bytes);
+    moved.moveBytes(to, from, count);
+    RC_ASSERT(copyOf(moved) == copyOf(byLoop));
+}
+
 TEST(RomImage, SaveWritesEveryByteAndLoadReadsThemBack)
 {
     const test::TemporaryFolder folder;
