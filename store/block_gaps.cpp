@@ -61,8 +61,9 @@ BlockGap BlockMap::gapBehind(std::uint32_t room) const
 
 bool BlockMap::anotherStartsAt(std::uint32_t address, std::uint32_t room) const
 {
-    const auto range = std::ranges::equal_range(m_byStart, address, {}, &Block::start);
-    return std::ranges::any_of(range, [room](const Block& b) { return b.room != room; });
+    const auto first = std::ranges::lower_bound(m_byStart, address, {}, &Block::start);
+    const auto last = std::ranges::upper_bound(m_byStart, address, {}, &Block::start);
+    return std::any_of(first, last, [room](const Block& block) { return block.room != room; });
 }
 
 bool BlockMap::liesInsideAnother(const Block& block, std::uint32_t wrappedEnd) const
