@@ -95,7 +95,6 @@ public:
 private:
     // So many bytes at the bottom belong to nobody: a pointer into removed bytes falls below them.
     static constexpr std::uint32_t kFloor = 64;
-    static constexpr std::uint32_t kLongest = 24;
 
     struct Block {
         std::size_t start = 0; // position in the region

@@ -87,7 +87,7 @@ private:
     void describe()
     {
         m_literal.dBank = m_random.oneOf<std::array<std::uint8_t, 2>>(
-            {{1, 2}, {1, 2}, {0, 1}, {2, 1}, {1, 1}, {0, 2}, {200, 3}});
+            {{1, 2}, {1, 2}, {0, 1}, {2, 1}, {1, 1}, {0, 2}, {5, 1}});
         m_base = m_random.oneOf<std::uint32_t>({0x8000, 0x8008, 0xBFF0, 0xFFE8, 0x3FF8});
         m_literal.pBank = m_random.below(3);
         m_literal.pad = m_random.oneOf<std::uint32_t>({4, 4, 4, 2, 3, 1, 0, 100, 0xFFFFFFFF});
