@@ -27,7 +27,8 @@ struct MapCell {
 // the stored width counts both borders.
 //
 // A damaged game may store a width below 3 or a height of 0. Such a room shows one column, or one
-// row, like the game's own drawing does; what would lie outside its block is not written.
+// row, as everywhere in the editor. What would lie outside its block is not written, and a block
+// of no bytes gets its first ones from the free space, like a new block.
 class MapLayoutModel {
 public:
     static constexpr std::uint32_t kLargestSize = 255; // stored, a byte

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "pages/map_layout_model.h"
+#include "tests/support/test_rom.h"
+
+#include <gtest/gtest.h>
+
+namespace velko::test {
+
+// Room 0 has a map of 3 x 2 shown cells and five screens; room 1, whose map lies above it, one
+// cell. Border bytes are $EE.
+//
+//     EE 0 1 2 EE
+//     EE 3 4 5 EE    5 is no screen of the room
+class MapLayoutTest : public testing::Test {
+protected:
+    explicit MapLayoutTest(std::uint32_t rooms = 4) : game(rooms)
+    {
+        for (std::uint8_t i = 1; i < 5; ++i)
+            game.addScreen(Bytes(64, i));
+        game.setScreenList(0, {0x8600, 0x8640, 0x8680, 0x86C0, 0x8700});
+        game.setLayout(0, 3, 2, {0, 1, 2, 3, 4, 5});
+        game.setLayout(1, 1, 1, {7});
+        start();
+    }
+    void start() { game.loadInto(state); }
+
+    PointerArrayHandler& layouts() { return state.store.pahMapLayout; }
+    // The first bytes of a room's block, borders included.
+    Bytes block(std::uint32_t room, std::uint32_t count)
+    {
+        Bytes bytes;
+        for (std::uint32_t i = 0; i < count; ++i)
+            bytes.push_back(layouts().dataByte(i, room));
+        return bytes;
+    }
+    Bytes storedSize(std::uint32_t room)
+    {
+        return {layouts().entryByte(2, room), layouts().entryByte(3, room)};
+    }
+    void setStoredSize(std::uint32_t room, std::uint8_t width, std::uint8_t height)
+    {
+        layouts().setEntryByte(2, width, room);
+        layouts().setEntryByte(3, height, room);
+    }
+    Bytes image() const { return {state.rom.bytes().begin(), state.rom.bytes().end()}; }
+
+    TestRom game;
+    EditorState state;
+    MapLayoutModel model{state};
+};
+
+} // namespace velko::test
