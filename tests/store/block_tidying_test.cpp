@@ -195,5 +195,45 @@ TEST_F(LayoutOperationsTest, EachPairIsReported)
     EXPECT_EQ(bytes(0x8000, 7), (Bytes{0x10, 0x11, 0x12, 0x23, 0x24, 0x25, 0x33}));
 }
 
+// Lists are measured again after each join: the third one lies elsewhere by then.
+TEST(JoinIdenticalData, ListsAreFoundWhereJoiningMovedThem)
+{
+    SmallRegion region(4, 2, 0x8020);
+    region.setBytes(0x8000, {0x00, 0x86, 0x40, 0x86, 0xFF, 0xFF, 0x00, 0x86, 0x40, 0x86,
+                             0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x86, 0x40, 0x86, 0xFF, 0xFF});
+    region.setPointers({0x8000, 0x8006, 0x800C, 0x800E}); // room 2 has no screens
+    region.handler.setFreeSpace(12);
+    test::ScriptedPrompt prompt;
+    prompt.expect(
+        "Room \"a\" and Room \"b\" had identical data and has been joined to use the same data.");
+    prompt.expect(
+        "Room \"a\" and Room \"d\" had identical data and has been joined to use the same data.");
+    const std::vector<std::string> names = {"a", "b", "c", "d"};
+    BlockOperations(region.handler, blockKind(RoomDataKind::kMapAlloc), prompt)
+        .joinIdenticalData(names);
+    EXPECT_EQ(region.pointers(), (Pointers{0x8000, 0x8000, 0x8006, 0x8000}));
+    EXPECT_EQ(region.bytes(0x8000, 9), (Bytes{0x00, 0x86, 0x40, 0x86, 0xFF, 0xFF, 0xFF, 0xFF, 0}));
+}
+
+// A damaged game: no list of 256 rooms ends, each pair has tens of thousands of bytes in common.
+TEST(DamagedScreenLists, TidyingListsWithoutAnEndIsQuick)
+{
+    SmallRegion region(256, 2, 0xBFFF);
+    region.rom.setBytes(Bytes(16 + 3 * 0x4000));
+    region.rom.writeByte(region.handler.dataFileOffset(0xB000), 1); // so that no two are identical
+    region.rom.writeByte(region.handler.dataFileOffset(0xB001), 1);
+    for (std::uint32_t room = 0; room < 256; ++room)
+        region.handler.setPointer(room, static_cast<std::uint16_t>(0x8000 + 2 * room));
+    region.handler.setFreeSpace(0x1000);
+    const Bytes before = region.image();
+    test::ScriptedPrompt prompt;
+    BlockOperations operations(region.handler, blockKind(RoomDataKind::kMapAlloc), prompt);
+    prompt.expect(kNothingIdentical);
+    operations.joinIdenticalData({});
+    prompt.expect(kNothingUnused); // two bytes behind each start, where its list ends, is the next
+    operations.deleteUnusedData();
+    EXPECT_EQ(region.image(), before);
+}
+
 } // namespace
 } // namespace velko
