@@ -42,8 +42,9 @@ public:
     // length: adjust the room's block, copy what fits, or do nothing.
     CloneResult cloneDataOfRoom(std::uint32_t roomB);
 
-    // Closes the gaps between blocks, of every table entry, rooms or not. What lies below the
-    // lowest block and above the highest is left alone.
+    // Closes the gaps between blocks, of every table entry, rooms or not, and tells how much that
+    // was. What lies below the lowest block and above the highest is left alone. While the free
+    // space is not known nothing can be removed, and what was found is told all the same.
     void deleteUnusedData();
 
     // Makes all entries with identical blocks share one. `roomNames` word the messages; entries

@@ -124,11 +124,8 @@ TEST_F(PaletteOperationsTest, KeptBlockMayMove)
                   "the same data.");
     operations.joinIdenticalData(kNames);
     EXPECT_EQ(pointers(), (Pointers{0x8020, 0x8000, 0x8020}));
-    EXPECT_EQ(bytes(0x8000, 64), [] {
-        Bytes expected(32, 0xB0);
-        expected.resize(64, 0xC0);
-        return expected;
-    }());
+    EXPECT_EQ(bytes(0x8000, 32), Bytes(32, 0xB0));
+    EXPECT_EQ(bytes(0x8020, 32), Bytes(32, 0xC0));
     EXPECT_EQ(handler.freeSpace(), 64);
 }
 

@@ -113,7 +113,8 @@ public:
             block.push_back(static_cast<std::uint8_t>(screen & 0xFF));
             block.push_back(static_cast<std::uint8_t>(screen >> 8));
         }
-        block.insert(block.end(), {0xFF, 0xFF});
+        block.push_back(0xFF);
+        block.push_back(0xFF);
         return setBlock(&GameConfig::pahMapAlloc, room, block);
     }
     std::uint16_t setPalette(std::uint32_t room, const Bytes& colours)
