@@ -14,7 +14,7 @@ public:
     CursorOverride& operator=(const CursorOverride&) = delete;
 };
 
-// While files are being read.
+// While files are being read or whole regions of data put in order.
 class BusyCursor : public CursorOverride {
 public:
     BusyCursor() : CursorOverride(Qt::WaitCursor) { }

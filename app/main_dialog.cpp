@@ -5,12 +5,10 @@
 #include "app/text.h"
 #include "ui_main_dialog.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabBar>
@@ -83,17 +81,11 @@ void MainDialog::buildTabs()
 
 void MainDialog::fillRoomChooser()
 {
-    const std::uint32_t rooms = m_state.config.roomCount();
-    QComboBox& combo = *m_ui->roomCombo;
-    for (std::uint32_t room = 0; room < rooms; ++room)
-        combo.addItem(room < m_state.names.rooms.size() ? toQString(m_state.names.rooms[room])
-                                                        : QString());
+    RoomCombo& combo = *m_ui->roomCombo;
     combo.setFont(m_fonts.font2);
+    combo.setRooms(m_state);
     combo.setCurrentIndex(m_state.currentRoom());
-    // The list shows whole names even where the box has to cut them.
-    combo.view()->setMinimumWidth(combo.view()->sizeHintForColumn(0)
-                                  + combo.view()->verticalScrollBar()->sizeHint().width());
-    m_ui->roomSpin->setRange(0, static_cast<int>(rooms) - 1);
+    m_ui->roomSpin->setRange(0, combo.count() - 1);
     m_ui->roomSpin->setPosition(0);
 }
 

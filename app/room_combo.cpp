@@ -1,8 +1,12 @@
 #include "app/room_combo.h"
 
+#include "app/text.h"
+
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QProxyStyle>
+#include <QScrollBar>
 
 namespace velko {
 
@@ -25,6 +29,18 @@ RoomCombo::RoomCombo(QWidget* parent) : QComboBox(parent)
     auto* style = new DropDownStyle;
     style->setParent(this);
     setStyle(style);
+}
+
+void RoomCombo::setRooms(const EditorState& state)
+{
+    clear();
+    const std::vector<std::string>& names = state.names.rooms;
+    for (std::uint32_t room = 0; room < state.config.roomCount(); ++room)
+        addItem(room < names.size() ? toQString(names[room]) : QString());
+    setCurrentIndex(-1);
+    // The list shows whole names even where the box has to cut them.
+    view()->setMinimumWidth(view()->sizeHintForColumn(0)
+                            + view()->verticalScrollBar()->sizeHint().width());
 }
 
 void RoomCombo::keyPressEvent(QKeyEvent* event)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "state/editor_state.h"
+
 #include <QComboBox>
 #include <QElapsedTimer>
 
@@ -12,6 +14,9 @@ class RoomCombo : public QComboBox {
     Q_OBJECT
 public:
     explicit RoomCombo(QWidget* parent = nullptr);
+
+    // Fills the list with the names of all rooms, in room order. None is chosen.
+    void setRooms(const EditorState& state);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,6 +1,8 @@
 #include "app/window_table.h"
 
 #include "gfx/palette_page.h"
+#include "pages/data_management_page.h"
+#include "pages/map_allocation_page.h"
 
 namespace velko {
 
@@ -22,12 +24,22 @@ Page* makePalettePage(const WindowContext& context, QWidget* parent)
     return new PalettePage(context.state, parent);
 }
 
+Page* makeMapAllocationPage(const WindowContext& context, QWidget* parent)
+{
+    return new MapAllocationPage(context.state, context.prompt, parent);
+}
+
+Page* makeDataManagementPage(const WindowContext& context, QWidget* parent)
+{
+    return new DataManagementPage(context.state, context.prompt, parent);
+}
+
 } // namespace
 
 WindowTable editorWindows()
 {
     return {PageTable{{
-                {"Map allocation ", makeEmptyPage},
+                {"Map allocation ", makeMapAllocationPage},
                 {"Map layout ", makeEmptyPage},
                 {"Map editing ", makeEmptyPage},
                 {"Door placement ", makeEmptyPage},
@@ -35,7 +47,7 @@ WindowTable editorWindows()
                 {"Tile allocation ", makeEmptyPage},
                 {"Palette ", makePalettePage},
                 {"Miscellaneous ", makeEmptyPage},
-                {"Data management ", makeEmptyPage},
+                {"Data management ", makeDataManagementPage},
             }},
             ToolTable{}};
 }
