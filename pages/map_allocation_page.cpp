@@ -15,6 +15,10 @@ MapAllocationPage::MapAllocationPage(EditorState& state, UserPrompt& prompt, QWi
     m_ui->setupUi(this);
     m_ui->screenList->setModel(&m_lines);
     m_ui->screenView->setPictureSize({256, 240});
+    // Room for an address, however it is typed.
+    for (HexEdit* box : {m_ui->addressEdit, m_ui->indexEdit})
+        box->setFixedWidth(box->minimumSizeHint().width()
+                           + box->fontMetrics().horizontalAdvance("0x0000"));
 }
 
 MapAllocationPage::~MapAllocationPage()
