@@ -457,6 +457,13 @@ TEST_F(DataManagementPageTest, OptionsAreThereAndOff)
     EXPECT_EQ(page->property(kControlId).toInt(), 106);
 }
 
+TEST_F(DataManagementPageTest, FreeSpaceIsDashesUntilItIsRead)
+{
+    page = std::make_unique<DataManagementPage>(state, prompt);
+    for (const RowCase& row : rowCases())
+        EXPECT_EQ(label(row.numbers.freeSpace), "-----");
+}
+
 TEST_F(DataManagementPageTest, LookingWritesNothing)
 {
     const Bytes before = image();

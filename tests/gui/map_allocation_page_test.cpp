@@ -247,6 +247,18 @@ TEST_F(MapAllocationPageTest, FreeSpaceIsHexadecimal)
     EXPECT_EQ(freeSpace(), "ffffffff");
 }
 
+TEST_F(MapAllocationPageTest, ListWithoutAnEndIsShownAndCanBeChanged)
+{
+    state.rom.setBytes(Bytes(loaded.size(), 0));
+    page->refresh();
+    EXPECT_EQ(lines().size(), 65536U);
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_End);
+    EXPECT_EQ(list().currentIndex().row(), 65535);
+    type(addressEdit(), "9");
+    EXPECT_EQ(lines()[65535], "ffff: -- 9 -- (index 0)");
+}
+
 // The list
 
 TEST_F(MapAllocationPageTest, ClickSelectsAnEntry)
