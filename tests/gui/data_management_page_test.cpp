@@ -18,6 +18,7 @@
 #include <QToolTip>
 #include <array>
 #include <memory>
+#include <ostream>
 #include <stdexcept>
 
 namespace velko {
@@ -159,6 +160,10 @@ struct RowCase {
     Bytes newBlock;
     std::string gap; // the length of room 2's block, as it is told
 };
+void PrintTo(const RowCase& row, std::ostream* out)
+{
+    *out << row.numbers.caption;
+}
 const std::vector<RowCase>& rowCases()
 {
     static const std::vector<RowCase> cases = {
