@@ -1,9 +1,12 @@
 #include "app/scroll_rule.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <utility>
 
 namespace velko {
@@ -109,6 +112,13 @@ void scrollByKey(QKeyEvent& key, QScrollBar& horizontal, QScrollBar& vertical)
     default:
         return;
     }
+}
+
+void scrollByWheel(QWheelEvent& wheel, QScrollBar& horizontal, QScrollBar& vertical)
+{
+    const QPoint turn = wheel.angleDelta();
+    const bool sideways = std::abs(turn.x()) > std::abs(turn.y());
+    QCoreApplication::sendEvent(sideways ? &horizontal : &vertical, &wheel);
 }
 
 } // namespace velko

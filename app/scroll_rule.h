@@ -4,6 +4,7 @@
 
 class QKeyEvent;
 class QScrollBar;
+class QWheelEvent;
 
 namespace velko {
 
@@ -48,5 +49,8 @@ void connectScrollBar(QScrollBar& bar, int lineStep, std::function<void(int posi
 // Arrow and page keys pressed on a picture scroll it by its bars; accepts such keys. The bars
 // themselves never have the focus.
 void scrollByKey(QKeyEvent& key, QScrollBar& horizontal, QScrollBar& vertical);
+
+// The mouse wheel, turned over a picture, scrolls it by its bars.
+void scrollByWheel(QWheelEvent& wheel, QScrollBar& horizontal, QScrollBar& vertical);
 
 } // namespace velko

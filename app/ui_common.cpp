@@ -1,5 +1,6 @@
 #include "app/ui_common.h"
 
+#include <QKeyEvent>
 #include <QWidget>
 
 namespace velko {
@@ -10,6 +11,22 @@ bool hitTest(QPoint point, const QWidget& parent, const QWidget& control, QPoint
     if (relative != nullptr)
         *relative = inside;
     return control.rect().contains(inside);
+}
+
+QPoint arrowDirection(const QKeyEvent& key)
+{
+    switch (key.key()) {
+    case Qt::Key_Left:
+        return {-1, 0};
+    case Qt::Key_Right:
+        return {1, 0};
+    case Qt::Key_Up:
+        return {0, -1};
+    case Qt::Key_Down:
+        return {0, 1};
+    default:
+        return {};
+    }
 }
 
 namespace {

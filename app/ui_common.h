@@ -2,6 +2,7 @@
 
 #include <QPoint>
 
+class QKeyEvent;
 class QWidget;
 
 namespace velko {
@@ -17,6 +18,9 @@ inline constexpr const char* kControlId = "controlId";
 // corner, inside or not.
 bool hitTest(QPoint point, const QWidget& parent, const QWidget& control,
              QPoint* relative = nullptr);
+
+// The way an arrow key points, in columns and rows; null for other keys.
+QPoint arrowDirection(const QKeyEvent& key);
 
 // Moves `control` so that its top-left corner is the anchor's top-left corner plus (x, y). The
 // anchor is measured from the outer corner of its parent, window frame included. A negative width

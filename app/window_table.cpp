@@ -3,6 +3,7 @@
 #include "gfx/palette_page.h"
 #include "pages/data_management_page.h"
 #include "pages/map_allocation_page.h"
+#include "pages/map_layout_page.h"
 
 namespace velko {
 
@@ -17,6 +18,11 @@ public:
 Page* makeEmptyPage(const WindowContext&, QWidget* parent)
 {
     return new EmptyPage(parent);
+}
+
+Page* makeMapLayoutPage(const WindowContext& context, QWidget* parent)
+{
+    return new MapLayoutPage(context.state, context.prompt, parent);
 }
 
 Page* makePalettePage(const WindowContext& context, QWidget* parent)
@@ -40,7 +46,7 @@ WindowTable editorWindows()
 {
     return {PageTable{{
                 {"Map allocation ", makeMapAllocationPage},
-                {"Map layout ", makeEmptyPage},
+                {"Map layout ", makeMapLayoutPage},
                 {"Map editing ", makeEmptyPage},
                 {"Door placement ", makeEmptyPage},
                 {"Unit placement ", makeEmptyPage},

@@ -4,34 +4,11 @@
 #include "app/ui_common.h"
 #include "ui_palette_page.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
-#include <cstdlib>
 
 namespace velko {
-
-namespace {
-
-// The way an arrow key points, in columns and rows; null for other keys.
-QPoint arrowDirection(const QKeyEvent& key)
-{
-    switch (key.key()) {
-    case Qt::Key_Left:
-        return {-1, 0};
-    case Qt::Key_Right:
-        return {1, 0};
-    case Qt::Key_Up:
-        return {0, -1};
-    case Qt::Key_Down:
-        return {0, 1};
-    default:
-        return {};
-    }
-}
-
-} // namespace
 
 PalettePage::PalettePage(EditorState& state, QWidget* parent)
     : Page(parent), m_model(state), m_ui(std::make_unique<Ui::PalettePage>())
@@ -231,9 +208,7 @@ void PalettePage::wheelEvent(QWheelEvent* event)
         event->ignore();
         return;
     }
-    const QPoint turn = event->angleDelta();
-    const bool sideways = std::abs(turn.x()) > std::abs(turn.y());
-    QCoreApplication::sendEvent(sideways ? m_ui->roomHorizontalBar : m_ui->roomVerticalBar, event);
+    scrollByWheel(*event, *m_ui->roomHorizontalBar, *m_ui->roomVerticalBar);
 }
 
 } // namespace velko

@@ -9,36 +9,14 @@ namespace velko {
 namespace {
 
 using test::Bytes;
-using test::MapLayoutTest;
+using test::ColouredMapTest;
 using test::TestRom;
 using Pitch = MapGridPicture::Pitch;
 
-// Screens of tiles that are all of one colour: screen i shows colour i of the room's palette.
-class MapGridPictureTest : public MapLayoutTest {
+class MapGridPictureTest : public ColouredMapTest {
 protected:
     MapGridPictureTest()
     {
-        Bytes palette(32);
-        for (std::uint8_t i = 0; i < 32; ++i)
-            palette[i] = i;
-        game.setPalette(0, palette);
-        game.setTile32(0,
-                       {{0, 0, 0, 0, 0, 0, 0},
-                        {4, 4, 4, 4, 0, 0, 0},
-                        {8, 8, 8, 8, 0, 0, 0},
-                        {12, 12, 12, 12, 0, 0, 0},
-                        {4, 4, 4, 4, 0x55, 0, 0}});
-        // Background blocks 0 to 3 of pixel values 0 to 3.
-        Bytes numbers(96);
-        for (std::uint8_t i = 0; i < 4; ++i) {
-            numbers[i] = i;
-            Bytes tiles(64);
-            for (std::size_t b = 0; b < 64; ++b)
-                tiles[b] = (b % 16 < 8 ? (i & 1) : (i & 2)) != 0 ? 0xFF : 0;
-            game.setBackgroundBlock(0, i, tiles);
-        }
-        game.setTileLoad(0, numbers);
-        start();
         grid.setViewSize(300, 300);
         grid.refresh();
     }
