@@ -247,7 +247,8 @@ void MapLayoutPage::fitGrid()
     showGrid();
 
     PictureView& view = *m_ui->gridView;
-    view.setGeometry(QRect(QPoint(0, 0), view.sizeHint()));
+    // Without a map not even its frame shows.
+    view.setGeometry(QRect(QPoint(0, 0), m_model.hasMap() ? view.sizeHint() : QSize(0, 0)));
     horizontal.setGeometry(0, view.height(), view.width(), bars.height());
     vertical.setGeometry(view.width(), 0, bars.width(), view.height());
     const auto fit = [](QScrollBar& bar, const MapGridPicture::Scroll& scroll) {

@@ -220,7 +220,7 @@ TEST_F(MapLayoutPageTest, LookingWritesNothing)
             grid().setFocus();
         }
     }
-    for (const std::uint8_t room : {1, 2, 3, 4, 0})
+    for (const std::uint8_t room : Bytes{1, 2, 3, 4, 0})
         changeRoom(room);
     page->resize(700, 500);
     EXPECT_EQ(image(), before);
@@ -490,6 +490,7 @@ TEST_F(MapLayoutPageTest, RoomWithoutAMapIsToldOncePerRefresh)
     EXPECT_EQ(heightText(), "0");
     EXPECT_EQ(widthText(), "0");
     EXPECT_TRUE(grid().picture().empty());
+    EXPECT_TRUE(grid().size().isEmpty());
     EXPECT_TRUE(preview().picture().empty());
     EXPECT_EQ(list().model()->rowCount(), 0);
     EXPECT_EQ(roomsText(), "");
