@@ -274,6 +274,18 @@ TEST_F(MapAllocationModelTest, ResetWithUnknownFreeSpaceChangesNothing)
     EXPECT_EQ(model.selectedPosition(), 1);
 }
 
+TEST_F(MapAllocationModelTest, ResetThatCannotKeepOneScreenChangesNothing)
+{
+    const auto listBytes = static_cast<std::int32_t>(2 * model.screenCount());
+    for (const std::int32_t left : {-1, 0, 1}) {
+        lists().setFreeSpace(left - listBytes); // what deleting the list would leave
+        const Bytes before = image();
+        model.resetList();
+        EXPECT_EQ(image(), before) << left;
+        EXPECT_EQ(lists().freeSpace(), left - listBytes);
+    }
+}
+
 // Finding a free screen
 
 TEST_F(MapAllocationModelTest, LowestScreenWithoutReferencesIsUsed)
