@@ -61,7 +61,9 @@ public:
 
     // Removes the selected entry, unless it is the room's only one.
     void removeSelected();
-    // Leaves one entry, the first screen of the area.
+    // Leaves one entry, the first screen of the area; changes nothing where the region has no room
+    // for that entry even without the list. A list without an end mark counts as 65536 screens:
+    // all of them go, and with them what other rooms keep behind the list's start.
     void resetList();
     // Puts the lowest screen that no room uses into the selected entry. Returns false, changing
     // nothing, when there is none.

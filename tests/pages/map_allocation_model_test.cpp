@@ -330,9 +330,9 @@ TEST_F(MapAllocationModelTest, IndexIsLimitedToTheArea)
         std::uint32_t typed;
         std::uint16_t address;
     };
-    for (const Case& c :
-         {Case{1, 0x8640}, Case{263, 0xC7C0}, Case{264, 0xC808}, Case{271, 0xC9C8},
-          Case{272, 0xC9C8}, Case{0x7FFFFFFF, 0xC9C8}, Case{0, 0x8600}, Case{0xFFFFFFFF, 0x8600}}) {
+    for (const Case& c : {Case{1, 0x8640}, Case{263, 0xC7C0}, Case{264, 0xC808}, Case{271, 0xC9C8},
+                          Case{272, 0xC9C8}, Case{0x7FFFFFFF, 0xC9C8}, Case{0x80000000, 0x8600},
+                          Case{0, 0x8600}, Case{0xFFFFFFFF, 0x8600}}) {
         model.setIndex(c.typed);
         EXPECT_EQ(model.selectedAddress(), c.address) << c.typed;
     }
