@@ -45,6 +45,23 @@ TEST(EditorState, PreparingRestoresTheRoomThatTheFreeSpaceMoved)
     EXPECT_EQ(state.store.pahMapAlloc.currentRoom(), 0U);
 }
 
+TEST(EditorState, PreparingPointsAtTheShownRoomsListAndNotAtTheHighest)
+{
+    test::TestRom game(4);
+    const std::uint16_t shown = game.setScreenList(1, {0x8600});
+    const std::uint16_t highest = game.setScreenList(3, {0x8600, 0x8600});
+    ASSERT_LT(shown, highest);
+    EditorState state;
+    game.loadInto(state);
+    state.graphics.selectRoom(1);
+    state.store.computeFreeSpace(4);
+    ASSERT_EQ(state.store.pahMapAlloc.currentRoom(), 3U);
+
+    state.prepareRoomData();
+    EXPECT_EQ(state.store.pahMapAlloc.currentRoom(), 1U);
+    EXPECT_EQ(state.store.pahMapAlloc.pointerOf(), shown);
+}
+
 TEST(EditorState, PreparingBuildsThePatternMemory)
 {
     test::TestRom game(1);

@@ -5,7 +5,7 @@
 #include "tests/store/region_model.h"
 #include "tests/store/small_region.h"
 
-#include <deque>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -17,14 +17,19 @@ using test::RegionModel;
 using test::SmallRegion;
 using Bytes = std::vector<std::uint8_t>;
 
-// Gives prepared answers, and notes how many boxes were shown.
+// Gives prepared answers, and notes how many boxes were shown and what the last message said.
 class PreparedPrompt : public UserPrompt {
 public:
     YesNoCancel adjust = YesNoCancel::kCancel;
     bool copySize = false;
     int boxes = 0;
+    std::string message;
 
-    void showMessage(std::string_view, MessageIcon) override { ++boxes; }
+    void showMessage(std::string_view text, MessageIcon) override
+    {
+        ++boxes;
+        message = text;
+    }
     bool askYesNo(std::string_view, MessageIcon) override
     {
         ++boxes;
@@ -53,7 +58,10 @@ public:
         , m_region(m_roomCount, 4, static_cast<std::uint16_t>(m_base + m_capacity))
     {
         fillRegion();
-        placeRooms();
+        if (m_random.oneIn(2))
+            placeRooms();
+        else
+            placeRoomsApart();
         matches("at the start");
     }
 
@@ -92,6 +100,9 @@ public:
         return image == Bytes(image.size(), 0xEE);
     }
 
+    // So many blocks were joined so far.
+    int joined() const { return m_joined; }
+
 private:
     // So many bytes at the bottom belong to nobody: a pointer into removed bytes falls below them.
     static constexpr std::uint32_t kFloor = 64;
@@ -108,12 +119,16 @@ private:
         bool refused = false;
     };
     static constexpr Touched kRefused{0, 0, true};
+    static constexpr Touched kNothing{0, 0, false};
+    static constexpr Touched kAnything{0, SIZE_MAX, false};
 
     void fillRegion()
     {
         const std::uint32_t used = kFloor + m_random.below(m_capacity - kFloor + 1);
+        const bool fewValues = m_random.oneIn(2); // so that there are equal blocks
         for (std::uint32_t i = 0; i < used; ++i)
-            m_model.used.push_back(m_random.byte());
+            m_model.used.push_back(fewValues ? m_random.oneOf<std::uint8_t>({0, 1})
+                                             : m_random.byte());
         m_model.freeSpace = static_cast<std::int32_t>(m_capacity - used);
         m_region.handler.setFreeSpace(m_model.freeSpace);
         Bytes bytes = modelBytes();
@@ -138,6 +153,24 @@ private:
         }
     }
 
+    // Small blocks, of which no two overlap; many are equal where the bytes have few values.
+    void placeRoomsApart()
+    {
+        std::size_t next = kFloor;
+        for (std::uint32_t room = 0; room < m_roomCount; ++room) {
+            next = std::min(next + m_random.below(4), m_model.used.size());
+            const auto width = static_cast<std::uint8_t>(
+                std::min<std::size_t>(1 + m_random.below(3), m_model.used.size() - next));
+            m_model.rooms[room] = {m_model.cell(next), width, 1};
+            if (room > 0 && m_random.oneIn(4))
+                m_model.rooms[room] = m_model.rooms[room - 1];
+            const auto start = static_cast<std::uint16_t>(m_base + m_model.position(room));
+            m_region.handler.setPointer(room, start);
+            m_region.setSize(room, m_model.rooms[room].width, m_model.rooms[room].height);
+            next = std::max(next, m_model.end(room));
+        }
+    }
+
     Touched operate()
     {
         m_target = m_random.below(m_roomCount);
@@ -146,7 +179,7 @@ private:
             m_random.oneOf({YesNoCancel::kYes, YesNoCancel::kNo, YesNoCancel::kCancel});
         m_prompt.copySize = m_random.oneIn(2);
         m_prompt.boxes = 0;
-        switch (m_random.below(7)) {
+        switch (m_random.below(9)) {
         case 0:
         case 1:
             return insertBytes();
@@ -158,6 +191,10 @@ private:
             return allocateUniqueData();
         case 5:
             return deleteData();
+        case 6:
+            return deleteUnusedData();
+        case 7:
+            return joinIdenticalData();
         default:
             return cloneData();
         }
@@ -282,6 +319,52 @@ private:
         return CloneResult::kWholeIntoLonger;
     }
 
+    // Where blocks overlap in part, closing a gap behind one may cut into another.
+    Touched deleteUnusedData()
+    {
+        m_what = "deleteUnusedData";
+        m_target = m_roomCount; // no room may change
+        const Touched touched = m_model.blocksAreApart() ? kNothing : kAnything;
+        const std::int32_t freeSpace = m_model.freeSpace;
+        std::uint32_t chunks = 0;
+        for (std::uint32_t room = 0; room < m_roomCount; ++room)
+            chunks += m_model.closeGapBehind(room) > 0 ? 1 : 0;
+        m_operations.deleteUnusedData();
+        EXPECT_EQ(m_prompt.boxes, 1);
+        if (chunks == 0) {
+            EXPECT_EQ(m_prompt.message, "No unused data found between normal data.");
+            return kRefused;
+        }
+        EXPECT_EQ(std::stoi(m_prompt.message), m_region.handler.freeSpace() - freeSpace);
+        EXPECT_TRUE(
+            m_prompt.message.ends_with(" bytes removed in " + std::to_string(chunks) + " chunks."))
+            << m_prompt.message;
+        return touched;
+    }
+
+    Touched joinIdenticalData()
+    {
+        m_what = "joinIdenticalData";
+        m_target = m_roomCount;
+        if (!m_model.blocksAreApart())
+            return kNothing;
+        const int joined = m_model.joinEqualBlocks();
+        m_operations.joinIdenticalData({});
+        EXPECT_EQ(m_prompt.boxes, std::max(joined, 1));
+        EXPECT_EQ(m_prompt.message == "Found no identical Rooms with different pointers.",
+                  joined == 0);
+        const auto all = blocks();
+        for (std::uint32_t room = 0; room < m_roomCount; ++room) {
+            for (std::uint32_t other = 0; other < room; ++other) {
+                if (!all[room].contents.empty() && all[room].contents == all[other].contents) {
+                    EXPECT_EQ(m_region.handler.pointerOf(room), m_region.handler.pointerOf(other));
+                }
+            }
+        }
+        m_joined += joined;
+        return joined == 0 ? kRefused : kNothing;
+    }
+
     void copySizeIfWanted(std::uint32_t roomB)
     {
         if (!m_prompt.copySize)
@@ -357,6 +440,7 @@ private:
     BlockOperations m_operations{m_region.handler, blockKind(RoomDataKind::kMapLayout), m_prompt};
     std::uint32_t m_target = 0;
     std::string m_what;
+    int m_joined = 0;
 };
 
 class BlockProperties : public testing::TestWithParam<std::uint32_t> { };
@@ -365,6 +449,7 @@ TEST_P(BlockProperties, EverySequenceOfOperationsDoesWhatTheModelDoes)
 {
     constexpr std::uint32_t kSequences = 2500;
     constexpr int kSteps = 12;
+    int joined = 0;
     for (std::uint32_t i = 0; i < kSequences; ++i) {
         const std::uint32_t seed = GetParam() * kSequences + i;
         Sequence sequence(seed);
@@ -372,7 +457,9 @@ TEST_P(BlockProperties, EverySequenceOfOperationsDoesWhatTheModelDoes)
             ASSERT_TRUE(sequence.step()) << "seed " << seed << ", step " << step;
         }
         ASSERT_TRUE(sequence.restIsUntouched()) << "seed " << seed;
+        joined += sequence.joined();
     }
+    EXPECT_GT(joined, 50); // equal blocks are no rarity
 }
 
 INSTANTIATE_TEST_SUITE_P(Shards, BlockProperties, testing::Range(0U, 4U));

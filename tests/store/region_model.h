@@ -108,6 +108,75 @@ public:
         }
     }
 
+    Bytes contents(std::uint32_t room)
+    {
+        const Cell start = rooms.at(room).start;
+        return {start, cell(end(room))};
+    }
+
+    // Every block lies in the used part, and no two have some, but not all, bytes in common.
+    bool blocksAreApart()
+    {
+        for (const auto& [room, data] : rooms) {
+            if (!isWhole(room))
+                return false;
+            for (const auto& [other, otherData] : rooms) {
+                const bool same =
+                    data.start == otherData.start && data.length() == otherData.length();
+                if (!same && data.length() > 0 && otherData.length() > 0
+                    && position(room) < end(other) && position(other) < end(room))
+                    return false;
+            }
+        }
+        return true;
+    }
+
+    // Number of bytes removed behind the room's block: up to the next start of another block,
+    // unless one starts right there or a longer one holds this block.
+    std::size_t closeGapBehind(std::uint32_t room)
+    {
+        const std::size_t from = end(room);
+        std::size_t next = used.size() + 1;
+        if (rooms.at(room).length() == 0)
+            return 0;
+        for (const auto& [other, data] : rooms) {
+            if (other == room)
+                continue;
+            const std::size_t start = position(other);
+            if (start == from || (start <= position(room) && from < end(other)))
+                return 0;
+            if (start > from)
+                next = std::min(next, start);
+        }
+        if (next > used.size())
+            return 0;
+        remove(from, next - from);
+        return next - from;
+    }
+
+    // Number of blocks given up for equal ones of rooms before. Only for blocks that are apart.
+    int joinEqualBlocks()
+    {
+        int joined = 0;
+        for (auto& [keeper, kept] : rooms) {
+            for (auto& [room, data] : rooms) {
+                const std::size_t length = data.length();
+                if (room <= keeper || length == 0 || data.start == kept.start
+                    || length != kept.length() || contents(room) != contents(keeper))
+                    continue;
+                const Cell old = data.start;
+                for (auto other = rooms.upper_bound(room); other != rooms.end(); ++other) {
+                    if (other->second.start == old)
+                        other->second.start = kept.start;
+                }
+                remove(position(room), length);
+                data.start = kept.start;
+                ++joined;
+            }
+        }
+        return joined;
+    }
+
     void copy(std::uint32_t from, std::uint32_t to, std::size_t count)
     {
         Cell source = rooms.at(from).start;

@@ -37,7 +37,7 @@ protected:
 class RandomRegion {
 public:
     RandomRegion(std::uint32_t seed, RoomDataKind kind)
-        : m_random(seed), m_kind(kind), m_rooms(2 + m_random.below(8)), m_region(m_rooms, 4, 0xC060)
+        : m_random(seed), m_kind(kind), m_rooms(2 + m_random.below(8)), m_region(m_rooms, 4, kEdge)
     {
         place();
     }
@@ -73,13 +73,15 @@ public:
     }
 
 private:
+    static constexpr std::uint16_t kEdge = 0xC060;
+
     void place()
     {
         std::vector<Bytes> blocks;
         const std::uint32_t count = 1 + m_random.below(m_rooms);
         for (std::uint32_t i = 0; i < count; ++i)
             blocks.push_back(i > 0 && m_random.oneIn(3) ? blocks[m_random.below(i)] : newBlock());
-        std::uint16_t next = 0xBC00;
+        std::uint16_t next = m_kind == RoomDataKind::kTile32 ? 0x9800 : 0xBC00;
         std::vector<std::uint16_t> starts;
         for (const Bytes& block : blocks) {
             if (m_random.oneIn(2))
@@ -89,7 +91,7 @@ private:
             next = static_cast<std::uint16_t>(next + block.size());
         }
         next = static_cast<std::uint16_t>(next + m_random.below(10));
-        m_region.handler.setFreeSpace(0xC060 - next);
+        m_region.handler.setFreeSpace(kEdge - next);
         for (std::uint32_t room = 0; room < m_rooms; ++room) {
             const std::uint32_t block = m_random.below(count);
             m_region.handler.setPointer(room, starts[block]);
@@ -114,7 +116,19 @@ private:
             return list;
         }
         default:
-            return m_random.bytes(32);
+            return m_random.bytes(fixedLength());
+        }
+    }
+
+    std::uint32_t fixedLength() const
+    {
+        switch (m_kind) {
+        case RoomDataKind::kTile32:
+            return 1024;
+        case RoomDataKind::kTileLoad:
+            return 96;
+        default:
+            return 32;
         }
     }
 
@@ -171,11 +185,12 @@ TEST_P(TidyingProperties, NoRoomNoticesThatGapsWereClosedAndBlocksJoined)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, TidyingProperties,
-                         testing::Combine(testing::Values(RoomDataKind::kMapLayout,
-                                                          RoomDataKind::kMapAlloc,
-                                                          RoomDataKind::kPalette),
-                                          testing::Range(0U, 2U)));
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, TidyingProperties,
+    testing::Combine(testing::Values(RoomDataKind::kMapLayout, RoomDataKind::kMapAlloc,
+                                     RoomDataKind::kPalette, RoomDataKind::kTileLoad,
+                                     RoomDataKind::kTile32),
+                     testing::Range(0U, 2U)));
 
 } // namespace
 } // namespace velko
