@@ -2,6 +2,7 @@
 
 #include "rom/number_text.h"
 #include "store/block_gaps.h"
+#include "store/block_keys.h"
 #include "store/block_lengths.h"
 #include "store/data_window.h"
 #include "store/length_table.h"
@@ -172,6 +173,7 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
     const std::uint32_t count = entryCount();
     DataWindow window(m_handler);
     LengthTable lengths(m_handler, m_kind);
+    BlockKeys keys(m_handler, window, lengths);
     const auto contents = [&](std::uint32_t room, std::uint32_t blockLength) {
         return window.bytes(m_handler.pointerOf(room), blockLength);
     };
@@ -183,13 +185,16 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
         const auto now = contents(i, blockLength);
         // A copy: joining moves the bytes.
         const std::vector<std::uint8_t> block(now.begin(), now.end());
-        for (std::uint32_t j = i + 1; j < count; ++j) {
+        const std::uint64_t key = keys.of(i);
+        for (std::uint32_t j = keys.firstFrom(i + 1, key); j < count;
+             j = keys.firstFrom(j + 1, key)) {
             if (m_handler.pointerOf(j) == m_handler.pointerOf(i) || lengths.of(j) != blockLength
                 || !std::ranges::equal(contents(j, blockLength), block))
                 continue;
             join(i, j, blockLength);
             window.refresh();
             lengths.refresh();
+            keys.refresh();
             joined = true;
             m_prompt.showMessage("Room \"" + nameOf(i) + "\" and Room \"" + nameOf(j)
                                  + "\" had identical data and has been joined to use the same "

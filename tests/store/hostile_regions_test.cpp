@@ -1,5 +1,6 @@
 // Regions and tables that no game has, compared byte for byte with the rules told one by one.
 
+#include "store/block_lengths.h"
 #include "store/block_operations.h"
 #include "tests/store/literal_store.h"
 #include "tests/store/random_source.h"
@@ -233,6 +234,48 @@ TEST_P(HostileRegions, BlocksOfOneLengthFollowTheRulesToTheLetter)
 TEST_P(HostileRegions, ScreenListsFollowTheRulesToTheLetter)
 {
     runSequences(Rule::kScreenList, 1000 * GetParam(), 25);
+}
+
+// The longest table of plain pointers, each a byte above the one before: overlapping blocks, all
+// different but for the last, which repeats the first. Shows that such a table can be tidied.
+TEST(HostileTables, TheLongestTableIsTidied)
+{
+    constexpr std::uint32_t kEntries = 0x7FFF / 2;
+    constexpr std::uint32_t kLast = kEntries - 1;
+    RandomSource random(1);
+    RomImage rom;
+    rom.setBytes(random.bytes(kHeaderSize + 4 * kBankSize));
+    PointerArrayHandler handler(rom,
+                                {.dBank = {2, 3},
+                                 .pBank = 0,
+                                 .pMemStart = 0x8000,
+                                 .pMemEdge = 0xFFFF,
+                                 .dEdge = 0xFFFF,
+                                 .pointerPad = 2});
+    handler.setFreeSpace(0x1000);
+    for (std::uint32_t room = 0; room < kEntries; ++room)
+        handler.setPointer(room, static_cast<std::uint16_t>(0x8000 + room));
+    handler.setPointer(kLast, 0xD000);
+    handler.selectRoom(kLast);
+    for (std::uint32_t i = 0; i < kPaletteLength; ++i)
+        handler.setDataByte(i, handler.dataByte(i, 0));
+    NotingPrompt prompt;
+    BlockOperations operations(handler, blockKind(RoomDataKind::kPalette), prompt);
+
+    operations.joinIdenticalData({});
+    operations.joinIdenticalData({});
+    EXPECT_EQ(prompt.messages,
+              (std::vector<std::string>{"Room \"\" and Room \"\" had identical data and has been "
+                                        "joined to use the same data.",
+                                        "Found no identical Rooms with different pointers."}));
+    EXPECT_EQ(handler.pointerOf(kLast), 0x8000);
+    EXPECT_EQ(handler.pointerOf(kLast - 1), 0x8000 + kLast - 1);
+    EXPECT_EQ(handler.freeSpace(), 0x1020);
+
+    prompt.messages.clear();
+    operations.deleteUnusedData();
+    EXPECT_EQ(prompt.messages,
+              std::vector<std::string>{"No unused data found between normal data."});
 }
 
 INSTANTIATE_TEST_SUITE_P(Shards, HostileRegions, testing::Range(0U, 3U));
