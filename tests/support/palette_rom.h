@@ -20,10 +20,10 @@ struct PaletteRom : TestRom {
     static constexpr std::uint8_t kOneScreen = 0;   // 1 x 1 screens; entry e is e + 1
     static constexpr std::uint8_t kFourByThree = 1; // 4 x 3 screens, the middle row of the second
                                                     // screen; entry e is 0x3F - e
-    static constexpr std::uint8_t kNoLayout = 2; // stored width and height 0, palette of room 0
-    static constexpr std::uint8_t kHuge = 3;     // stored as 255 x 255, palette of room 0
-    static constexpr std::uint8_t kOutside = 4;  // palette past the end of the ROM
-    static constexpr std::uint8_t kCutOff = 5;   // only entries 0-3 in the ROM: 0x21 to 0x24
+    static constexpr std::uint8_t kNoLayout = 2;    // stored width and height 0, palette of room 0
+    static constexpr std::uint8_t kHuge = 3;        // stored as 255 x 255, palette of room 0
+    static constexpr std::uint8_t kOutside = 4;     // palette past the end of the ROM
+    static constexpr std::uint8_t kCutOff = 5;      // only entries 0-3 in the ROM: 0x21 to 0x24
     static constexpr std::uint32_t kRooms = 6;
 
     PaletteRom() : TestRom(kRooms)
