@@ -45,5 +45,5 @@ expect_end() {
     done
     kill -0 "$1" 2>/dev/null && fail "the program did not end"
     wait "$1" || status=$?
-    [ "$status" -eq "$2" ] || fail "the program ended with $status, not $2"
+    [ "$status" -eq "$2" ] || fail "the program ended with $status, not $2: $(cat "$work/velko.log")"
 }
