@@ -29,6 +29,18 @@ struct Tile32 {
     {
         return (bytes[5 + (column & 1)] >> ((row & 1) == 0 ? 4 : 0)) & 15;
     }
+
+    // Enters a quadrant that is still zero.
+    void enter(std::uint32_t row, std::uint32_t column, std::uint8_t metatile, std::uint8_t palette,
+               std::uint8_t physics)
+    {
+        const std::uint32_t r = row & 1;
+        const std::uint32_t c = column & 1;
+        bytes[c * 2 + r] = metatile;
+        bytes[4] = static_cast<std::uint8_t>(bytes[4] | (palette & 3U) << (c + r * 2) * 2);
+        bytes[5 + c] =
+            static_cast<std::uint8_t>(bytes[5 + c] | (physics & 15U) << (r == 0 ? 4 : 0));
+    }
 };
 
 } // namespace velko

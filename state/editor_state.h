@@ -26,6 +26,9 @@ struct EditorState {
     RoomRenderer renderer{rom, config, store, graphics};
     // The window system's button-face colour, which pictures use as their background.
     Pixel backgroundColour = 0xF0F0F0;
+    // Whether map editing shows a box when a room needs too many Tile32 blocks. Nothing turns it
+    // on: the page's status line tells it all the time.
+    bool warnsOfTile32Limit = false;
 
     // The room being edited.
     std::uint8_t currentRoom() const { return graphics.currentRoom(); }
