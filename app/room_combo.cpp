@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QProxyStyle>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace velko {
 
@@ -29,14 +30,21 @@ RoomCombo::RoomCombo(QWidget* parent) : QComboBox(parent)
     auto* style = new DropDownStyle;
     style->setParent(this);
     setStyle(style);
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel
 }
 
 void RoomCombo::setRooms(const EditorState& state)
 {
+    std::vector<std::string> names = state.names.rooms;
+    names.resize(state.config.roomCount()); // a room without a name has an empty one
+    setNames(names);
+}
+
+void RoomCombo::setNames(std::span<const std::string> names)
+{
     clear();
-    const std::vector<std::string>& names = state.names.rooms;
-    for (std::uint32_t room = 0; room < state.config.roomCount(); ++room)
-        addItem(room < names.size() ? toQString(names[room]) : QString());
+    for (const std::string& name : names)
+        addItem(toQString(name));
     setCurrentIndex(-1);
     // The list shows whole names even where the box has to cut them.
     view()->setMinimumWidth(view()->sizeHintForColumn(0)
@@ -59,6 +67,14 @@ void RoomCombo::keyPressEvent(QKeyEvent* event)
     }
     if (letter)
         m_sinceLastLetter.start();
+}
+
+void RoomCombo::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 } // namespace velko
