@@ -4,6 +4,7 @@
 #include "pages/data_management_page.h"
 #include "pages/map_allocation_page.h"
 #include "pages/map_layout_page.h"
+#include "pages/miscellaneous_page.h"
 
 namespace velko {
 
@@ -30,6 +31,11 @@ Page* makePalettePage(const WindowContext& context, QWidget* parent)
     return new PalettePage(context.state, parent);
 }
 
+Page* makeMiscellaneousPage(const WindowContext& context, QWidget* parent)
+{
+    return new MiscellaneousPage(context.state, parent);
+}
+
 Page* makeMapAllocationPage(const WindowContext& context, QWidget* parent)
 {
     return new MapAllocationPage(context.state, context.prompt, parent);
@@ -52,7 +58,7 @@ WindowTable editorWindows()
                 {"Unit placement ", makeEmptyPage},
                 {"Tile allocation ", makeEmptyPage},
                 {"Palette ", makePalettePage},
-                {"Miscellaneous ", makeEmptyPage},
+                {"Miscellaneous ", makeMiscellaneousPage},
                 {"Data management ", makeDataManagementPage},
             }},
             ToolTable{}};
