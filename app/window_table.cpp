@@ -5,6 +5,8 @@
 #include "pages/map_allocation_page.h"
 #include "pages/map_layout_page.h"
 #include "pages/miscellaneous_page.h"
+#include "tools/area_editor_dialog.h"
+#include "tools/room_selector_dialog.h"
 
 namespace velko {
 
@@ -46,6 +48,18 @@ Page* makeDataManagementPage(const WindowContext& context, QWidget* parent)
     return new DataManagementPage(context.state, context.prompt, parent);
 }
 
+std::uint8_t openRoomSelector(const WindowContext& context, QWidget* parent, std::uint8_t room)
+{
+    RoomSelectorDialog dialog(context.state, room, parent);
+    dialog.exec();
+    return dialog.room();
+}
+
+void openAreaEditor(const WindowContext& context, QWidget* parent)
+{
+    AreaEditorDialog(context.state, parent).exec();
+}
+
 } // namespace
 
 WindowTable editorWindows()
@@ -61,7 +75,7 @@ WindowTable editorWindows()
                 {"Miscellaneous ", makeMiscellaneousPage},
                 {"Data management ", makeDataManagementPage},
             }},
-            ToolTable{}};
+            ToolTable{openRoomSelector, openAreaEditor, {}}};
 }
 
 } // namespace velko

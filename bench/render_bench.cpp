@@ -3,6 +3,7 @@
 
 #include "bench/memcpy_ratio.h"
 #include "tests/gfx/random_game.h"
+#include "tools/room_browser.h"
 
 #include <benchmark/benchmark.h>
 
@@ -52,6 +53,21 @@ void VisibleRegion(benchmark::State& state)
                      [&] { core.renderer.renderRoomRegion(image, 100, 100, kPaper); });
 }
 BENCHMARK(VisibleRegion)->Arg(4)->Arg(255)->Unit(benchmark::kMicrosecond);
+
+// A page of the room selector: eight captioned thumbnails, each of 8 x 4 screens.
+void PageOfEightRooms(benchmark::State& state)
+{
+    test::TestCore core(wideGame());
+    std::vector<PixelImage> thumbnails(RoomBrowser::kSlots);
+    for (PixelImage& thumbnail : thumbnails)
+        thumbnail.allocate(RoomBrowser::kThumbnailSize, RoomBrowser::kThumbnailSize);
+    runAgainstMemcpy(state, thumbnails.size() * thumbnails[0].pixels().size_bytes(), [&] {
+        for (PixelImage& thumbnail : thumbnails)
+            core.renderer.renderRoomThumbnail(0, thumbnail, "Area 1: Clover Downs, the brook",
+                                              kPaper);
+    });
+}
+BENCHMARK(PageOfEightRooms)->Unit(benchmark::kMicrosecond);
 
 // The bytes it produces are those of pattern memory.
 void ChangeOfRoom(benchmark::State& state)
