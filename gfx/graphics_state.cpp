@@ -1,5 +1,6 @@
 #include "gfx/graphics_state.h"
 
+#include "gfx/background_slot.h"
 #include "store/block_lengths.h"
 
 #include <algorithm>
@@ -15,13 +16,6 @@ constexpr std::uint32_t kEntriesPerSet = 4;
 // A record of the type-2 load table.
 constexpr std::uint32_t kLoadRecordBytes = 5;
 constexpr std::uint8_t kLoadListEnd = 0x80; // this byte and any above it
-
-// The tile-load block: 64 block numbers, then an attribute nibble for each.
-constexpr std::uint32_t kBackgroundBlocks = 64;
-constexpr std::uint32_t kBackgroundBlockBytes = 64;
-constexpr std::uint32_t kAttributeStart = 64;
-constexpr std::uint8_t kAttributeBank = 3;
-constexpr std::uint8_t kAttributeMirror = 4;
 
 constexpr std::uint8_t reversedBits(std::uint8_t byte)
 {
@@ -58,7 +52,12 @@ void GraphicsState::buildPatternMemory()
 {
     patternMemory.fill(0);
     applyType2Loads();
-    for (std::uint32_t slot = 0; slot < kBackgroundBlocks; ++slot)
+    buildBackgroundBlocks();
+}
+
+void GraphicsState::buildBackgroundBlocks()
+{
+    for (std::uint32_t slot = 0; slot < kBackgroundSlots; ++slot)
         buildBackgroundBlock(slot);
 }
 
@@ -88,18 +87,14 @@ void GraphicsState::applyType2Loads()
 
 void GraphicsState::buildBackgroundBlock(std::uint32_t slot)
 {
-    if (slot >= kBackgroundBlocks)
+    if (slot >= kBackgroundSlots)
         return;
-    const std::uint8_t number = m_store.pahTileLoad.dataByte(slot);
-    const std::uint8_t nibbles = m_store.pahTileLoad.dataByte(kAttributeStart + slot / 2);
-    const unsigned attribute = slot % 2 == 0 ? nibbles >> 4 : nibbles & 0xF;
-
-    const std::uint32_t bank = m_config.value(MiscField::startGfxBg) + (attribute & kAttributeBank);
+    const BackgroundSlot source = readBackgroundSlot(m_store.pahTileLoad, slot);
     const auto block = std::span(patternMemory)
                            .subspan(kPatternTable1 + slot * kBackgroundBlockBytes)
                            .first<kBackgroundBlockBytes>();
-    m_rom.readBlock(bank * kBankSize + number * kBackgroundBlockBytes + kHeaderSize, block);
-    if (attribute & kAttributeMirror)
+    m_rom.readBlock(backgroundBlockOffset(m_config, source.bankOffset, source.block), block);
+    if (source.mirrored)
         mirrorBlock(block);
 }
 

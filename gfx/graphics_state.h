@@ -47,6 +47,8 @@ public:
     void applyType2Loads();
     // Fills background block `slot` (0-63) of pattern table 1.
     void buildBackgroundBlock(std::uint32_t slot);
+    // The same for all 64.
+    void buildBackgroundBlocks();
 
     // Back to the start of each type's script. A type without a script (address 0) keeps its
     // delay.
