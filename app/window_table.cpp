@@ -1,6 +1,7 @@
 #include "app/window_table.h"
 
 #include "gfx/palette_page.h"
+#include "gfx/tile_allocation_page.h"
 #include "pages/data_management_page.h"
 #include "pages/map_allocation_page.h"
 #include "pages/map_layout_page.h"
@@ -26,6 +27,11 @@ Page* makeEmptyPage(const WindowContext&, QWidget* parent)
 Page* makeMapLayoutPage(const WindowContext& context, QWidget* parent)
 {
     return new MapLayoutPage(context.state, context.prompt, parent);
+}
+
+Page* makeTileAllocationPage(const WindowContext& context, QWidget* parent)
+{
+    return new TileAllocationPage(context.state, parent);
 }
 
 Page* makePalettePage(const WindowContext& context, QWidget* parent)
@@ -70,7 +76,7 @@ WindowTable editorWindows()
                 {"Map editing ", makeEmptyPage},
                 {"Door placement ", makeEmptyPage},
                 {"Unit placement ", makeEmptyPage},
-                {"Tile allocation ", makeEmptyPage},
+                {"Tile allocation ", makeTileAllocationPage},
                 {"Palette ", makePalettePage},
                 {"Miscellaneous ", makeMiscellaneousPage},
                 {"Data management ", makeDataManagementPage},

@@ -10,7 +10,7 @@ namespace velko::test {
 
 // A game of four rooms for the tests of the tile allocation page. Two blocks have pixels:
 // in block 1 of bank 0 the one at column 0, row 0 is 1, the one at (8, 0) is 2, the one at (0, 8)
-// is 3; in block 0x45 of bank 2 all are 2. The rest is 0.
+// is 3; in block 0x45 of bank 2 all are 2. The rest is 0. Entry e of room 0's palette is 2e + 1.
 struct TileAllocationRom : TestRom {
     static constexpr std::uint8_t kPlain = 0;   // slot 0 and 3: block 1; slot 1: block 1 mirrored,
                                                 // slot 2: block 0x45 of bank 2, spare bit set
@@ -47,6 +47,11 @@ struct TileAllocationRom : TestRom {
         other[63] = 1;
         other[95] = 0x08;
         setTileLoad(kOther, other);
+
+        Bytes palette;
+        for (std::uint8_t entry = 0; entry < kPaletteLength; ++entry)
+            palette.push_back(static_cast<std::uint8_t>(2 * entry + 1));
+        setPalette(kPlain, palette);
 
         // The last bank ends after 256 bytes.
         setPointer(&GameConfig::pahTileLoad, kOutside, 0xC200);

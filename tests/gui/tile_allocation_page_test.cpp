@@ -1,0 +1,681 @@
+#include "gfx/tile_allocation_page.h"
+
+#include "app/main_dialog.h"
+#include "app/picture_view.h"
+#include "app/ui_common.h"
+#include "tests/support/scripted_prompt.h"
+#include "tests/support/tile_allocation_rom.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+
+namespace velko {
+namespace {
+
+using test::TileAllocationRom;
+
+constexpr std::uint32_t kAllocation = TileAllocationRom::kAllocation;
+constexpr std::uint32_t kBlock1 = TileAllocationRom::blockOffset(0, 1);
+
+// The greys of pixel values 0 to 3.
+constexpr Pixel kGrey0 = 0x000000;
+constexpr Pixel kGrey1 = 0xF0F0F0;
+constexpr Pixel kGrey2 = 0x909090;
+constexpr Pixel kGrey3 = 0x404040;
+constexpr Pixel kFrameBand = 0xFFFFFF;
+
+constexpr int kPaintSize = 14;
+
+class TileAllocationPageTest : public test::TileAllocationGameTest {
+protected:
+    TileAllocationPageTest() { openPage(); }
+
+    void openPage()
+    {
+        page = std::make_unique<TileAllocationPage>(state);
+        page->setup();
+        page->refresh();
+        page->resize(960, 640);
+        page->show();
+        page->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
+    }
+    void openPageWithBanks(std::uint32_t banks)
+    {
+        page.reset();
+        state.config.setValue(MiscField::bgTileBanks, banks);
+        openPage();
+    }
+
+    template <typename Control> Control& control(const char* name) const
+    {
+        auto* found = page->findChild<Control*>(name);
+        if (found == nullptr)
+            throw std::runtime_error(name);
+        return *found;
+    }
+    PictureView& slotView() const { return control<PictureView>("slotView"); }
+    PictureView& blockView() const { return control<PictureView>("blockView"); }
+    PictureView& canvas() const { return control<PictureView>("canvasView"); }
+    PictureView& colours() const { return control<PictureView>("colourView"); }
+    QScrollBar& bar() const { return control<QScrollBar>("blockBar"); }
+    QCheckBox& mirrorCheck() const { return control<QCheckBox>("mirrorCheck"); }
+    QCheckBox& unusedCheck() const { return control<QCheckBox>("unusedCheck"); }
+    QString text(const char* name) const { return control<QLabel>(name).text(); }
+
+    static QPoint inWidget(int x, int y)
+    {
+        return {x + PictureView::kFrame, y + PictureView::kFrame};
+    }
+    static void click(PictureView& view, int x, int y, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(&view, button, {}, inWidget(x, y));
+    }
+    static void press(PictureView& view, int x, int y)
+    {
+        QTest::mousePress(&view, Qt::LeftButton, {}, inWidget(x, y));
+    }
+    static void release(PictureView& view, int x, int y)
+    {
+        QTest::mouseRelease(&view, Qt::LeftButton, {}, inWidget(x, y));
+    }
+    static void moveHolding(PictureView& view, int x, int y, Qt::MouseButton button)
+    {
+        const QPoint point = inWidget(x, y);
+        QMouseEvent move(QEvent::MouseMove, point, view.mapToGlobal(QPointF(point)), Qt::NoButton,
+                         button, {});
+        QApplication::sendEvent(&view, &move);
+    }
+    void clickSlot(int slot) const { click(slotView(), slot % 8 * 32 + 9, slot / 8 * 32 + 9); }
+    void chooseColour(int colour) const { click(colours(), 16, colour * 33 + 16); }
+    // The middle of a pixel of the canvas.
+    static int middle(int pixel) { return pixel * kPaintSize + kPaintSize / 2; }
+    void clickPixel(int column, int row, Qt::MouseButton button = Qt::LeftButton) const
+    {
+        click(canvas(), middle(column), middle(row), button);
+    }
+    Pixel canvasPixel(int column, int row) const
+    {
+        return canvas().picture().at(static_cast<std::uint32_t>(middle(column)),
+                                     static_cast<std::uint32_t>(middle(row)));
+    }
+    // A pixel of a slot or a block (0-15 each way) as its grid shows it.
+    static Pixel cellPixel(const PictureView& view, std::uint32_t cell, std::uint32_t column,
+                           std::uint32_t row)
+    {
+        return view.picture().at(cell % 8 * 32 + 2 * column, cell / 8 * 32 + 2 * row);
+    }
+    // The line outside of a cell's frame is cut off at the picture's edge; its band never is.
+    static bool isFramed(const PictureView& view, std::uint32_t cell)
+    {
+        const std::uint32_t x = cell % 8 * 32;
+        const std::uint32_t y = cell / 8 * 32;
+        const PixelImage& picture = view.picture();
+        return (x == 0 || picture.at(x - 1, y + 16) == kFrameBand)
+            && (x == 224 || picture.at(x + 32, y + 16) == kFrameBand)
+            && (y == 0 || picture.at(x + 16, y - 1) == kFrameBand)
+            && (y == 224 || picture.at(x + 16, y + 32) == kFrameBand);
+    }
+    bool colourIsFramed(std::uint32_t colour) const
+    {
+        return colours().picture().at(1, colour * 33 + 1) == kFrameBand;
+    }
+    // The slot's pictures, labels and boxes agree.
+    void expectShown(const char* index, const char* bank, const char* tileNumber,
+                     const char* address) const
+    {
+        EXPECT_EQ(text("indexValue"), index);
+        EXPECT_EQ(text("bankValue"), bank);
+        EXPECT_EQ(text("tileNumberValue"), tileNumber);
+        EXPECT_EQ(text("romAddressValue"), address);
+    }
+    static void wheel(QWidget& over, QWidget& receiver, int turn)
+    {
+        const QPointF global = over.mapToGlobal(QPointF(20, 20));
+        QWheelEvent event(receiver.mapFromGlobal(global), global, {}, {0, turn}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&receiver, &event);
+    }
+
+    std::unique_ptr<TileAllocationPage> page;
+};
+
+// What is shown
+
+TEST_F(TileAllocationPageTest, FirstSlotAndColourAreSelected)
+{
+    EXPECT_TRUE(isFramed(slotView(), 0));
+    EXPECT_TRUE(isFramed(blockView(), 1));
+    EXPECT_TRUE(colourIsFramed(0));
+    expectShown("0", "0", "1", "$1c050");
+    EXPECT_EQ(canvasPixel(0, 0), kGrey1);
+    EXPECT_EQ(canvasPixel(8, 0), kGrey2);
+    EXPECT_EQ(canvasPixel(0, 8), kGrey3);
+}
+
+TEST_F(TileAllocationPageTest, FixedTextsAreToTheLetter)
+{
+    EXPECT_EQ(control<QGroupBox>("selectedTileGroup").title(), " Selected Tile ");
+    EXPECT_EQ(control<QGroupBox>("tileEditingGroup").title(), " Tile Editing ");
+    EXPECT_EQ(text("indexLabel"), "Index:");
+    EXPECT_EQ(text("bankLabel"), "Bank:");
+    EXPECT_EQ(text("tileNumberLabel"), "Tile no.:");
+    EXPECT_EQ(text("romAddressLabel"), "ROM Address:");
+    EXPECT_EQ(mirrorCheck().text(), "Horizontal Flip");
+    EXPECT_EQ(unusedCheck().text(), "Unused bit");
+    EXPECT_EQ(text("leftButtonHint"), "Left button: Modify with current color.");
+    EXPECT_EQ(text("rightButtonHint"), "Right button: Set as current color.");
+}
+
+TEST_F(TileAllocationPageTest, TemplateHasItsNumber)
+{
+    EXPECT_EQ(page->property(kControlId).toInt(), 133);
+}
+
+TEST_F(TileAllocationPageTest, PicturesHaveRoomForAllTheirPixels)
+{
+    const QSize frame(2 * PictureView::kFrame, 2 * PictureView::kFrame);
+    EXPECT_EQ(slotView().size(), QSize(256, 256) + frame);
+    EXPECT_EQ(blockView().size(), QSize(256, 256) + frame);
+    EXPECT_EQ(canvas().size(), QSize(224, 224) + frame);
+    EXPECT_EQ(colours().size(), QSize(33, 132) + frame);
+}
+
+TEST_F(TileAllocationPageTest, LookingWritesNothing)
+{
+    for (int slot = 0; slot < 64; ++slot)
+        clickSlot(slot);
+    for (int colour = 0; colour < 4; ++colour)
+        chooseColour(colour);
+    clickPixel(3, 3, Qt::RightButton);
+    for (std::uint8_t room = 0; room < TileAllocationRom::kRooms; ++room) {
+        state.graphics.selectRoom(room);
+        page->refresh();
+    }
+    page->resize(1100, 800);
+    canvas().setFocus();
+    slotView().setFocus();
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, AnotherRoomIsShownWithTheSameSelection)
+{
+    clickSlot(63);
+    chooseColour(2);
+    state.graphics.selectRoom(TileAllocationRom::kOther);
+    page->refresh();
+    expectShown("3f", "0", "1", "$1c050");
+    EXPECT_TRUE(unusedCheck().isChecked());
+    EXPECT_TRUE(isFramed(slotView(), 63));
+    EXPECT_TRUE(colourIsFramed(2));
+    EXPECT_EQ(cellPixel(slotView(), 63, 0, 0), kGrey1);
+    EXPECT_EQ(cellPixel(slotView(), 2, 0, 0), kGrey0); // a block of 2s in the room before
+}
+
+// Slots
+
+TEST_F(TileAllocationPageTest, ClickSelectsASlot)
+{
+    click(slotView(), 95, 31); // the last pixel of slot 2
+    expectShown("2", "2", "45", "$25150");
+    EXPECT_FALSE(mirrorCheck().isChecked());
+    EXPECT_TRUE(unusedCheck().isChecked());
+    EXPECT_TRUE(isFramed(slotView(), 2));
+    EXPECT_TRUE(isFramed(blockView(), 5));
+    EXPECT_EQ(bar().value(), 9);
+    EXPECT_EQ(cellPixel(blockView(), 5, 15, 15), kGrey2);
+    EXPECT_EQ(canvasPixel(15, 15), kGrey2);
+    click(slotView(), 255, 255);
+    expectShown("3f", "0", "0", "$1c010");
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, OnlyTheLeftButtonSelectsASlot)
+{
+    click(slotView(), 80, 10, Qt::RightButton);
+    click(blockView(), 80, 10, Qt::RightButton);
+    moveHolding(slotView(), 80, 10, Qt::LeftButton); // a drag is no click
+    moveHolding(blockView(), 80, 10, Qt::LeftButton);
+    expectShown("0", "0", "1", "$1c050");
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, ArrowKeysMoveTheSelectedSlot)
+{
+    slotView().setFocus();
+    QTest::keyClick(&slotView(), Qt::Key_Right);
+    QTest::keyClick(&slotView(), Qt::Key_Right);
+    expectShown("2", "2", "45", "$25150");
+    QTest::keyClick(&slotView(), Qt::Key_Down);
+    EXPECT_EQ(text("indexValue"), "a");
+    QTest::keyClick(&slotView(), Qt::Key_Left);
+    QTest::keyClick(&slotView(), Qt::Key_Up);
+    QTest::keyClick(&slotView(), Qt::Key_Up);
+    EXPECT_EQ(text("indexValue"), "1");
+    EXPECT_TRUE(mirrorCheck().isChecked());
+    EXPECT_EQ(image(), game.bytes);
+}
+
+// Blocks
+
+TEST_F(TileAllocationPageTest, ClickFillsTheSlotWithABlockOfThePage)
+{
+    clickSlot(2);
+    click(blockView(), 255, 255);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 2, 0x7F}}));
+    expectShown("2", "2", "7f", "$25fd0");
+    EXPECT_TRUE(isFramed(blockView(), 63));
+    EXPECT_EQ(cellPixel(slotView(), 2, 0, 0), kGrey0);
+    EXPECT_EQ(canvasPixel(0, 0), kGrey0);
+    EXPECT_EQ(patternByte(2, 8), 0x00);
+    click(blockView(), 5 * 32, 31);
+    EXPECT_EQ(image(), game.bytes);
+    EXPECT_EQ(cellPixel(slotView(), 2, 0, 0), kGrey2);
+    EXPECT_EQ(patternByte(2, 8), 0xFF);
+}
+
+TEST_F(TileAllocationPageTest, ArrowKeysFillTheSlotWithTheNextBlock)
+{
+    blockView().setFocus();
+    QTest::keyClick(&blockView(), Qt::Key_Down);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 9}}));
+    EXPECT_TRUE(isFramed(blockView(), 9));
+    QTest::keyClick(&blockView(), Qt::Key_Left);
+    QTest::keyClick(&blockView(), Qt::Key_Left);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 8}}));
+}
+
+TEST_F(TileAllocationPageTest, BlocksAreShownUnmirrored)
+{
+    clickSlot(1);
+    EXPECT_TRUE(mirrorCheck().isChecked());
+    EXPECT_EQ(cellPixel(slotView(), 1, 15, 0), kGrey1);
+    EXPECT_EQ(cellPixel(blockView(), 1, 0, 0), kGrey1);
+    EXPECT_EQ(canvasPixel(0, 0), kGrey1);
+}
+
+// Browsing
+
+TEST_F(TileAllocationPageTest, BarRunsOverFourPagesInEachBank)
+{
+    const struct {
+        std::uint32_t banks;
+        int last;
+    } rows[] = {{0, 0}, {1, 3}, {2, 7}, {255, 15}};
+    for (const auto& row : rows) {
+        openPageWithBanks(row.banks);
+        EXPECT_EQ(bar().minimum(), 0) << row.banks;
+        EXPECT_EQ(bar().maximum(), row.last) << row.banks;
+        EXPECT_EQ(bar().value(), 0) << row.banks;
+    }
+}
+
+TEST_F(TileAllocationPageTest, DraggedThumbFillsTheSlotFromThePageItPasses)
+{
+    openPageWithBanks(2);
+    bar().setSliderDown(true);
+    bar().setSliderPosition(5);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 0x41}, {kAllocation + 64, 0x14}}));
+    expectShown("0", "1", "41", "$21050");
+    bar().setSliderPosition(7);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 0xC1}, {kAllocation + 64, 0x14}}));
+    bar().setSliderDown(false);
+    EXPECT_EQ(bar().value(), 7);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 0xC1}, {kAllocation + 64, 0x14}}));
+}
+
+TEST_F(TileAllocationPageTest, ArrowsOfTheBarStepByOnePage)
+{
+    clickSlot(2); // page 1 of bank 2
+    bar().triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 2, 0x05}}));
+    EXPECT_EQ(cellPixel(slotView(), 2, 0, 0), kGrey0);
+    EXPECT_EQ(cellPixel(blockView(), 5, 0, 0), kGrey0);
+    bar().triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 2, 0xC5}, {kAllocation + 65, 0x90}}));
+    bar().triggerAction(QAbstractSlider::SliderPageStepAdd);
+    bar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(image(), game.bytes);
+    EXPECT_EQ(cellPixel(slotView(), 2, 0, 0), kGrey2);
+    EXPECT_EQ(patternByte(2, 8), 0xFF);
+}
+
+TEST_F(TileAllocationPageTest, BarStopsAtItsEnds)
+{
+    bar().triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(image(), game.bytes);
+    for (int step = 0; step < 20; ++step)
+        bar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(bar().value(), 15);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 0xC1}, {kAllocation + 64, 0x34}}));
+}
+
+TEST_F(TileAllocationPageTest, PageKeysAndTheWheelBrowseTheBlocks)
+{
+    blockView().setFocus();
+    QTest::keyClick(&blockView(), Qt::Key_PageDown);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 0x41}}));
+    QTest::keyClick(&blockView(), Qt::Key_PageUp);
+    EXPECT_EQ(image(), game.bytes);
+    wheel(blockView(), *page, -120);
+    EXPECT_EQ(image(), loadedExcept({{kAllocation, 0x41}}));
+    wheel(bar(), bar(), 120);
+    EXPECT_EQ(image(), game.bytes);
+    wheel(slotView(), *page, -120);
+    wheel(canvas(), *page, -120);
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, WithoutBanksTheBarDoesNothing)
+{
+    openPageWithBanks(0);
+    clickSlot(2);
+    for (const auto action :
+         {QAbstractSlider::SliderSingleStepAdd, QAbstractSlider::SliderSingleStepSub,
+          QAbstractSlider::SliderPageStepAdd, QAbstractSlider::SliderPageStepSub})
+        bar().triggerAction(action);
+    expectShown("2", "2", "45", "$25150");
+    EXPECT_EQ(image(), game.bytes);
+}
+
+// Check boxes
+
+TEST_F(TileAllocationPageTest, FlipTogglesItsBitAndIsSeenAtOnce)
+{
+    QTest::mouseClick(&mirrorCheck(), Qt::LeftButton, {}, {8, mirrorCheck().height() / 2});
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 64, 0x44}}));
+    EXPECT_TRUE(mirrorCheck().isChecked());
+    EXPECT_EQ(cellPixel(slotView(), 0, 0, 0), kGrey0);
+    EXPECT_EQ(cellPixel(slotView(), 0, 15, 0), kGrey1);
+    EXPECT_EQ(cellPixel(slotView(), 3, 0, 0), kGrey1); // the same block, not flipped
+    EXPECT_EQ(patternByte(0, 32), 0x01);
+    QTest::mouseClick(&mirrorCheck(), Qt::LeftButton, {}, {8, mirrorCheck().height() / 2});
+    EXPECT_EQ(image(), game.bytes);
+    EXPECT_EQ(cellPixel(slotView(), 0, 0, 0), kGrey1);
+}
+
+TEST_F(TileAllocationPageTest, UnusedBitTogglesItsBitAndMovesNothing)
+{
+    const PixelImage before = slotView().picture();
+    QTest::mouseClick(&unusedCheck(), Qt::LeftButton, {}, {8, unusedCheck().height() / 2});
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 64, 0x84}}));
+    EXPECT_TRUE(unusedCheck().isChecked());
+    EXPECT_EQ(slotView().picture(), before);
+}
+
+TEST_F(TileAllocationPageTest, CheckBoxesFollowTheSlot)
+{
+    clickSlot(1);
+    EXPECT_TRUE(mirrorCheck().isChecked());
+    EXPECT_FALSE(unusedCheck().isChecked());
+    clickSlot(2);
+    EXPECT_FALSE(mirrorCheck().isChecked());
+    EXPECT_TRUE(unusedCheck().isChecked());
+    EXPECT_EQ(image(), game.bytes);
+}
+
+// A box that is toggled by its key goes down for a moment first.
+TEST_F(TileAllocationPageTest, CheckBoxesHaveKeys)
+{
+    QTest::keyClick(page.get(), Qt::Key_H, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return mirrorCheck().isChecked(); }));
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 64, 0x44}}));
+    QTest::keyClick(page.get(), Qt::Key_U, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return unusedCheck().isChecked(); }));
+    EXPECT_EQ(image(), loadedExcept({{kAllocation + 64, 0xC4}}));
+}
+
+// The canvas
+
+TEST_F(TileAllocationPageTest, ClickPaintsAPixel)
+{
+    chooseColour(3);
+    clickPixel(2, 3);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 3, 0x20}, {kBlock1 + 11, 0x20}}));
+    EXPECT_EQ(canvasPixel(2, 3), kGrey3);
+    EXPECT_EQ(cellPixel(blockView(), 1, 2, 3), kGrey3);
+    EXPECT_EQ(cellPixel(slotView(), 0, 2, 3), kGrey3);
+    EXPECT_EQ(cellPixel(slotView(), 1, 13, 3), kGrey3); // mirrored
+    EXPECT_EQ(cellPixel(slotView(), 1, 2, 3), kGrey0);
+    EXPECT_EQ(cellPixel(slotView(), 3, 2, 3), kGrey3);
+    EXPECT_EQ(patternByte(3, 3), 0x20);
+    chooseColour(0);
+    clickPixel(2, 3);
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, PaintInAMirroredSlotEditsTheUnmirroredBlock)
+{
+    clickSlot(1);
+    chooseColour(1);
+    clickPixel(2, 3);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 3, 0x20}}));
+    EXPECT_EQ(canvasPixel(2, 3), kGrey1);
+    EXPECT_EQ(cellPixel(slotView(), 1, 13, 3), kGrey1);
+    EXPECT_EQ(cellPixel(slotView(), 0, 2, 3), kGrey1);
+}
+
+TEST_F(TileAllocationPageTest, PaintIsSeenInEveryRoomThatUsesTheBlock)
+{
+    chooseColour(1);
+    clickPixel(2, 3);
+    state.graphics.selectRoom(TileAllocationRom::kOther);
+    page->refresh();
+    EXPECT_EQ(cellPixel(slotView(), 63, 2, 3), kGrey1);
+}
+
+TEST_F(TileAllocationPageTest, LastRowAndColumnOfTheCanvasArePixelFifteen)
+{
+    chooseColour(1);
+    click(canvas(), 223, 223);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 55, 0x01}}));
+    EXPECT_EQ(canvas().picture().at(223, 223), kGrey1);
+}
+
+TEST_F(TileAllocationPageTest, DragPaintsThePixelsItPasses)
+{
+    chooseColour(1);
+    press(canvas(), middle(4), middle(4));
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x08}}));
+    moveHolding(canvas(), middle(5), middle(4), Qt::LeftButton);
+    moveHolding(canvas(), middle(8), middle(9), Qt::LeftButton);
+    release(canvas(), middle(8), middle(9));
+    moveHolding(canvas(), middle(12), middle(12), Qt::NoButton);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x0C}, {kBlock1 + 49, 0x80}}));
+    EXPECT_EQ(canvasPixel(5, 4), kGrey1);
+    EXPECT_EQ(cellPixel(slotView(), 0, 8, 9), kGrey1);
+}
+
+TEST_F(TileAllocationPageTest, DragPaintsNothingOutsideTheCanvas)
+{
+    chooseColour(1);
+    press(canvas(), middle(4), middle(4));
+    for (const QPoint outside : {QPoint(-1, 60), QPoint(60, -1), QPoint(-5000, 60), QPoint(60, 227),
+                                 QPoint(227, 60), QPoint(5000, 5000)})
+        moveHolding(canvas(), outside.x(), outside.y(), Qt::LeftButton);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x08}}));
+    moveHolding(canvas(), middle(5), middle(4), Qt::LeftButton);
+    release(canvas(), middle(5), middle(4));
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x0C}}));
+}
+
+TEST_F(TileAllocationPageTest, DragOnTheCanvassBorderPaintsTheLastPixels)
+{
+    chooseColour(1);
+    press(canvas(), middle(15), middle(4));
+    moveHolding(canvas(), 226, middle(5), Qt::LeftButton);
+    moveHolding(canvas(), middle(14), 225, Qt::LeftButton);
+    release(canvas(), middle(14), 225);
+    EXPECT_EQ(image(),
+              loadedExcept({{kBlock1 + 36, 0x01}, {kBlock1 + 37, 0x01}, {kBlock1 + 55, 0x02}}));
+}
+
+TEST_F(TileAllocationPageTest, RightClickTakesThePixelsColour)
+{
+    clickPixel(8, 0, Qt::RightButton);
+    EXPECT_TRUE(colourIsFramed(2));
+    EXPECT_FALSE(colourIsFramed(0));
+    EXPECT_EQ(image(), game.bytes);
+    clickPixel(1, 1);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 9, 0x40}}));
+    EXPECT_EQ(canvasPixel(1, 1), kGrey2);
+    clickPixel(15, 15, Qt::RightButton);
+    EXPECT_TRUE(colourIsFramed(0));
+}
+
+TEST_F(TileAllocationPageTest, OtherButtonsDoNotPaint)
+{
+    chooseColour(1);
+    clickPixel(5, 5, Qt::MiddleButton);
+    moveHolding(canvas(), middle(5), middle(5), Qt::RightButton);
+    EXPECT_EQ(image(), game.bytes);
+    EXPECT_TRUE(colourIsFramed(1));
+}
+
+TEST_F(TileAllocationPageTest, ClickChoosesAColour)
+{
+    for (int colour = 3; colour >= 0; --colour) {
+        click(colours(), 32, colour * 33 + 32);
+        for (int other = 0; other < 4; ++other)
+            EXPECT_EQ(colourIsFramed(static_cast<std::uint32_t>(other)), other == colour);
+    }
+    click(colours(), 16, 110, Qt::RightButton);
+    EXPECT_TRUE(colourIsFramed(0));
+}
+
+TEST_F(TileAllocationPageTest, ArrowKeysChooseAColour)
+{
+    colours().setFocus();
+    for (int i = 0; i < 5; ++i)
+        QTest::keyClick(&colours(), Qt::Key_Down);
+    EXPECT_TRUE(colourIsFramed(3));
+    QTest::keyClick(&colours(), Qt::Key_Up);
+    EXPECT_TRUE(colourIsFramed(2));
+}
+
+TEST_F(TileAllocationPageTest, TheKeyboardPaintsAtItsCursor)
+{
+    canvas().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(canvas().picture().at(1, 1), kFrameBand); // the cursor, on the first pixel
+    QTest::keyClick(&canvas(), Qt::Key_Right);
+    QTest::keyClick(&canvas(), Qt::Key_Down);
+    EXPECT_EQ(canvas().picture().at(1, 1), kGrey1);
+    EXPECT_EQ(canvas().picture().at(15, 15), kFrameBand);
+    QTest::keyClick(&canvas(), Qt::Key_3);
+    EXPECT_TRUE(colourIsFramed(3));
+    QTest::keyClick(&canvas(), Qt::Key_Space);
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 1, 0x40}, {kBlock1 + 9, 0x40}}));
+    QTest::keyClick(&canvas(), Qt::Key_Up);
+    QTest::keyClick(&canvas(), Qt::Key_Left);
+    QTest::keyClick(&canvas(), Qt::Key_Left); // at the edge
+    QTest::keyClick(&canvas(), Qt::Key_Return);
+    EXPECT_TRUE(colourIsFramed(1));
+    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 1, 0x40}, {kBlock1 + 9, 0x40}}));
+}
+
+TEST_F(TileAllocationPageTest, TheCursorIsSeenOnlyWhileTheKeyboardIsUsed)
+{
+    chooseColour(1);
+    clickPixel(5, 5);
+    EXPECT_EQ(canvas().picture().at(71, 71), kGrey1);
+    QTest::keyClick(&canvas(), Qt::Key_Right); // from where the mouse was
+    EXPECT_EQ(canvas().picture().at(85, 71), kFrameBand);
+    clickPixel(5, 5, Qt::RightButton);
+    EXPECT_EQ(canvas().picture().at(85, 71), kGrey0);
+    QTest::keyClick(&canvas(), Qt::Key_Left);
+    EXPECT_EQ(canvas().picture().at(57, 71), kFrameBand);
+    slotView().setFocus();
+    EXPECT_EQ(canvas().picture().at(57, 71), kGrey0);
+}
+
+TEST_F(TileAllocationPageTest, TabGoesThroughTheControlsInTheirOrder)
+{
+    const QWidget* const order[] = {&slotView(),    &blockView(), &mirrorCheck(),
+                                    &unusedCheck(), &canvas(),    &colours()};
+    slotView().setFocus();
+    for (const QWidget* expected : order) {
+        EXPECT_EQ(page->focusWidget(), expected) << expected->objectName().toStdString();
+        QTest::keyClick(page->focusWidget(), Qt::Key_Tab);
+    }
+}
+
+// Bad data
+
+TEST_F(TileAllocationPageTest, AllocationOutsideTheRomShowsFillerAndDropsChanges)
+{
+    state.graphics.selectRoom(TileAllocationRom::kOutside);
+    page->refresh();
+    expectShown("0", "1", "55", "$21550");
+    EXPECT_TRUE(mirrorCheck().isChecked());
+    QTest::mouseClick(&mirrorCheck(), Qt::LeftButton, {}, {8, mirrorCheck().height() / 2});
+    EXPECT_TRUE(mirrorCheck().isChecked());
+    QTest::mouseClick(&unusedCheck(), Qt::LeftButton, {}, {8, unusedCheck().height() / 2});
+    EXPECT_FALSE(unusedCheck().isChecked());
+    click(blockView(), 0, 0);
+    bar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(bar().value(), 5);
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, BlocksOutsideTheRomShowFillerAndDropPaint)
+{
+    state.config.setValue(MiscField::startGfxBg, 0xFFFFFFFF);
+    state.graphics.selectRoom(TileAllocationRom::kPlain);
+    page->refresh();
+    expectShown("0", "0", "1", "$ffffc050");
+    EXPECT_EQ(canvasPixel(0, 0), kGrey0);
+    EXPECT_EQ(canvasPixel(1, 0), kGrey3);
+    chooseColour(2);
+    clickPixel(0, 0);
+    EXPECT_EQ(canvasPixel(0, 0), kGrey0);
+    EXPECT_EQ(image(), game.bytes);
+}
+
+TEST_F(TileAllocationPageTest, LargeFontsAndDarkColoursLeaveThePicturesWhole)
+{
+    const PixelImage before = slotView().picture();
+    QFont font = page->font();
+    font.setPointSizeF(font.pointSizeF() * 1.8);
+    page->setFont(font);
+    page->setPalette(QPalette(QColor(40, 40, 40)));
+    page->adjustSize();
+    EXPECT_EQ(slotView().size(), QSize(262, 262));
+    EXPECT_EQ(slotView().picture(), before);
+    for (const char* name : {"romAddressLabel", "romAddressValue", "leftButtonHint"})
+        EXPECT_GE(control<QLabel>(name).width(), control<QLabel>(name).sizeHint().width()) << name;
+}
+
+// In the main window
+
+TEST_F(TileAllocationPageTest, PaintIsSeenOnTheOtherPages)
+{
+    page.reset();
+    test::ScriptedPrompt prompt;
+    MainDialog window(state, prompt);
+    window.show();
+    auto& tabs = *window.findChild<QTabWidget*>("pageTabs");
+    const auto roomPicture = [&] {
+        tabs.setCurrentIndex(6);
+        return window.findChild<PictureView*>("roomView")->picture().at(2, 3);
+    };
+    const Pixel before = roomPicture();
+    tabs.setCurrentIndex(5);
+    auto& view = *window.findChild<PictureView*>("canvasView");
+    QTest::keyClick(&view, Qt::Key_3);
+    click(view, middle(2), middle(3));
+    const Pixel after = roomPicture();
+    EXPECT_NE(after, before);
+    EXPECT_EQ(after, TileAllocationRom::colour(7)); // entry 3 of the room's palette
+}
+
+} // namespace
+} // namespace velko
