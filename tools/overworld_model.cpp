@@ -1,0 +1,407 @@
+#include "tools/overworld_model.h"
+
+#include <algorithm>
+
+namespace velko {
+
+namespace {
+
+// The entry of the load lists that holds the overworld's graphics.
+constexpr std::uint32_t kOverworldEntry = 111;
+
+constexpr std::uint32_t kMostTrucks = 256;    // however many the configuration tells
+constexpr int kMostPatternSets = 16;          // a nibble names one
+constexpr std::uint8_t kFirstTruckSprite = 8; // of eight, one per direction
+
+// A tile is 18 display pixels wide and high.
+constexpr int kDisplayTile = OverworldModel::kDisplayWidth / OverworldMap::kColumns;
+
+// The pointer chooses the middle of an area's icon, to the nearest multiple of 8.
+constexpr int kPointerToArea = 26;
+constexpr int kAreaGrid = 8;
+
+bool onDisplay(int px, int py)
+{
+    return px >= 0 && px < OverworldModel::kDisplayWidth && py >= 0
+        && py < OverworldModel::kDisplayHeight;
+}
+
+std::uint8_t onAreaGrid(int mapPixel)
+{
+    const int shifted = mapPixel + kPointerToArea;
+    return static_cast<std::uint8_t>(shifted - shifted % kAreaGrid);
+}
+
+} // namespace
+
+OverworldModel::OverworldModel(EditorState& state, UserPrompt& prompt)
+    : m_state(state), m_prompt(prompt)
+{
+    m_state.store.pahTileLoadType2.selectRoom(kOverworldEntry);
+    m_state.graphics.applyType2Loads();
+    m_movement.open();
+    m_trucks.selectSet(startByte(m_truck) >> 4);
+}
+
+OverworldModel::~OverworldModel()
+{
+    m_state.store.pahTileLoadType2.selectRoom(m_state.currentRoom());
+    m_state.graphics.buildPatternMemory();
+}
+
+void OverworldModel::setMode(OverworldMode mode)
+{
+    m_mode = mode;
+    if (mode == OverworldMode::kTruck)
+        showPattern();
+}
+
+// Areas
+
+int OverworldModel::lastArea() const
+{
+    return static_cast<int>(m_map.lastArea());
+}
+
+void OverworldModel::selectArea(int area)
+{
+    m_area = std::clamp(area, 0, lastArea());
+    m_entry = 0;
+    m_movement.selectArea(static_cast<std::uint32_t>(m_area));
+}
+
+int OverworldModel::lastEntry() const
+{
+    return std::max(m_movement.entryCount() - 1, 0);
+}
+
+bool OverworldModel::canChooseEntry() const
+{
+    return areaControlsEnabled() && lastEntry() > 0;
+}
+
+int OverworldModel::entry() const
+{
+    return std::min(m_entry, lastEntry());
+}
+
+void OverworldModel::selectEntry(int entry)
+{
+    m_entry = std::clamp(entry, 0, lastEntry());
+}
+
+AreaMovement::Entry OverworldModel::entryValues() const
+{
+    return m_movement.entry(entry());
+}
+
+void OverworldModel::setChopperSprite(int value)
+{
+    m_movement.setChopperSprite(entry(), value);
+}
+
+void OverworldModel::setPathPreviewSprite(int value)
+{
+    m_movement.setPathPreviewSprite(entry(), value);
+}
+
+void OverworldModel::setFirstDigit(int value)
+{
+    m_movement.setFirstDigit(entry(), value);
+}
+
+void OverworldModel::setSecondDigit(int value)
+{
+    m_movement.setSecondDigit(entry(), value);
+}
+
+void OverworldModel::addEntry()
+{
+    if (!m_movement.addEntry(entry()))
+        m_prompt.showMessage("not enough free space. (remove movements from other areas.)");
+}
+
+void OverworldModel::removeEntry()
+{
+    if (m_movement.removeEntry(entry()))
+        m_entry = 0;
+}
+
+// Trucks
+
+std::uint32_t OverworldModel::truckCount() const
+{
+    return std::min(m_state.config.value(MiscField::numOfMapTrucks), kMostTrucks);
+}
+
+int OverworldModel::lastTruck() const
+{
+    return std::max(static_cast<int>(truckCount()) - 1, 0);
+}
+
+std::uint8_t OverworldModel::startByte(int truck) const
+{
+    const auto index = static_cast<std::uint32_t>(truck);
+    if (index >= truckCount())
+        return 0;
+    return m_state.rom.readByte(m_state.config.value(MiscField::ptrMapTruckInit) + index);
+}
+
+void OverworldModel::setStartByte(int value)
+{
+    const auto index = static_cast<std::uint32_t>(m_truck);
+    if (index < truckCount())
+        m_state.rom.writeByte(m_state.config.value(MiscField::ptrMapTruckInit) + index,
+                              static_cast<std::uint8_t>(value));
+}
+
+void OverworldModel::selectTruck(int truck)
+{
+    m_truck = std::clamp(truck, 0, lastTruck());
+    showPattern();
+}
+
+int OverworldModel::startingArea() const
+{
+    return startByte(m_truck) & 15;
+}
+
+void OverworldModel::setStartingArea(int area)
+{
+    setStartByte((startByte(m_truck) & 0xF0) | std::clamp(area, 0, kLastStartingArea));
+}
+
+int OverworldModel::lastPatternSet() const
+{
+    const auto sets = static_cast<int>(m_trucks.patternSets());
+    return std::clamp(sets, 1, kMostPatternSets) - 1;
+}
+
+int OverworldModel::patternSet() const
+{
+    return startByte(m_truck) >> 4;
+}
+
+void OverworldModel::setPatternSet(int patternSet)
+{
+    setStartByte(startingArea() | std::clamp(patternSet, 0, lastPatternSet()) << 4);
+    showPattern();
+}
+
+void OverworldModel::showPattern()
+{
+    m_trucks.selectSet(static_cast<std::uint32_t>(patternSet()));
+    if (patternSet() != m_shownPatternSet)
+        m_phase = 0;
+    m_shownPatternSet = patternSet();
+    m_phase = std::min(m_phase, lastPhase());
+}
+
+int OverworldModel::lastPhase() const
+{
+    return static_cast<int>(m_trucks.lastPhase());
+}
+
+void OverworldModel::selectPhase(int phase)
+{
+    m_phase = std::clamp(phase, 0, lastPhase());
+}
+
+int OverworldModel::direction() const
+{
+    return directionOf(m_trucks.phase(currentPhase()));
+}
+
+void OverworldModel::setDirection(int direction)
+{
+    if (truckCount() == 0)
+        return;
+    const int mark = m_trucks.phase(currentPhase()) & TruckMovementRegion::kLastPhaseMark;
+    m_trucks.setPhase(currentPhase(), static_cast<std::uint8_t>(mark | (direction & 7)));
+}
+
+void OverworldModel::addPhase()
+{
+    if (truckCount() == 0)
+        return;
+    const std::uint8_t copy = m_trucks.phase(currentPhase());
+    if (!m_trucks.insertBytes(currentPhase() + 1, {&copy, 1}).ok()) {
+        m_prompt.showMessage("not enough free space. (remove one or more movement phase from other "
+                             "truck patterns.)");
+        return;
+    }
+    // Only the new phase can be the last one now.
+    m_trucks.setPhase(currentPhase(), copy & ~TruckMovementRegion::kLastPhaseMark);
+}
+
+void OverworldModel::removePhase()
+{
+    constexpr std::uint8_t kMark = TruckMovementRegion::kLastPhaseMark;
+    const bool onlyPhase = (m_trucks.phase(0) & kMark) != 0;
+    if (onlyPhase || truckCount() == 0)
+        return;
+    const bool wasLast = (m_trucks.phase(currentPhase()) & kMark) != 0;
+    if (!m_trucks.deleteBytes(currentPhase(), 1).ok())
+        return;
+    if (wasLast) {
+        --m_phase;
+        m_trucks.setPhase(currentPhase(), m_trucks.phase(currentPhase()) | kMark);
+    }
+    showPattern();
+}
+
+std::vector<PathSegment> OverworldModel::truckPath() const
+{
+    std::vector<std::uint8_t> phases;
+    for (std::uint32_t i = 0; i <= m_trucks.lastPhase(); ++i)
+        phases.push_back(m_trucks.phase(i));
+    std::vector<AreaPosition> areas;
+    for (std::uint32_t area = 0; area <= m_map.lastArea(); ++area)
+        areas.push_back(m_map.areaPosition(area));
+    return walkTruckPath(m_map.areaPosition(static_cast<std::uint32_t>(startingArea())), phases,
+                         areas);
+}
+
+// The mouse
+
+std::optional<OverworldCell> OverworldModel::cellAt(int px, int py)
+{
+    if (!onDisplay(px, py))
+        return std::nullopt;
+    return OverworldCell{px / kDisplayTile, py / kDisplayTile};
+}
+
+OverworldChange OverworldModel::press(MapButton button, int px, int py)
+{
+    const std::optional<OverworldCell> cell = cellAt(px, py);
+    if (!cell)
+        return OverworldChange::kNothing;
+    if (m_mode == OverworldMode::kTile)
+        return pressTile(button, *cell);
+    if (m_mode == OverworldMode::kPalette) {
+        m_palettes.press(button, *cell);
+        return OverworldChange::kMap;
+    }
+    if (button != MapButton::kLeft || m_mode == OverworldMode::kTruck)
+        return OverworldChange::kNothing;
+    if (m_mode == OverworldMode::kPreset)
+        m_map.placePreset(*cell, static_cast<std::uint32_t>(m_preset));
+    else
+        placeArea(px, py);
+    return OverworldChange::kMap;
+}
+
+OverworldChange OverworldModel::drag(MapButton button, int px, int py)
+{
+    const std::optional<OverworldCell> cell = cellAt(px, py);
+    if (!cell || m_mode != OverworldMode::kPalette)
+        return press(button, px, py);
+    return m_palettes.drag(button, *cell) ? OverworldChange::kMap : OverworldChange::kNothing;
+}
+
+OverworldChange OverworldModel::pressTile(MapButton button, OverworldCell cell)
+{
+    if (button == MapButton::kRight) {
+        m_tile = m_map.tile(cell);
+        return OverworldChange::kTilePicker;
+    }
+    m_map.setTile(cell, static_cast<std::uint8_t>(m_tile));
+    return OverworldChange::kMap;
+}
+
+void OverworldModel::placeArea(int px, int py)
+{
+    m_map.setAreaPosition(static_cast<std::uint32_t>(m_area),
+                          {onAreaGrid(px * OverworldMap::kWidth / kDisplayWidth),
+                           onAreaGrid(py * OverworldMap::kHeight / kDisplayHeight)});
+}
+
+// Pickers
+
+void OverworldModel::selectTile(int tile)
+{
+    m_tile = std::clamp(tile, 0, 255);
+    setMode(OverworldMode::kTile);
+}
+
+int OverworldModel::lastPreset() const
+{
+    return static_cast<int>(m_map.presetCount()) - 1;
+}
+
+void OverworldModel::selectPreset(int preset)
+{
+    m_preset = std::clamp(preset, 0, lastPreset());
+    setMode(OverworldMode::kPreset);
+}
+
+bool OverworldModel::pickTileAt(int px, int py)
+{
+    const std::optional<int> tile = tileGrid().at(px, py);
+    if (tile)
+        selectTile(*tile);
+    return tile.has_value();
+}
+
+bool OverworldModel::pickPresetAt(int px, int py)
+{
+    const std::optional<int> preset = presetGrid(m_map).at(px, py);
+    if (preset)
+        selectPreset(*preset);
+    return preset.has_value();
+}
+
+// Pictures
+
+void OverworldModel::drawMap(PixelImage& image) const
+{
+    PixelImage picture;
+    m_painter.drawTiles(picture);
+    if (m_mode == OverworldMode::kArea)
+        drawAreas(picture);
+    if (m_mode == OverworldMode::kTruck)
+        drawTrucks(picture);
+    image.allocate(kDisplayHeight, kDisplayWidth);
+    copyScaled(image, picture);
+}
+
+void OverworldModel::drawAreas(PixelImage& picture) const
+{
+    m_painter.drawAreaIcons(picture);
+    const AreaPosition position = m_map.areaPosition(static_cast<std::uint32_t>(m_area));
+    m_painter.drawAreaFrame(picture, position);
+    if (m_movement.entryCount() == 0)
+        return;
+    const AreaMovement::Entry values = entryValues();
+    const int x = position.x - kAreaToCentre;
+    const int y = position.y - kAreaToCentre;
+    m_painter.drawQuadSprite(picture, values.chopperSprite, x, y);
+    m_painter.drawPathPreview(picture, values.pathPreviewSprite, values.chopperSprite, x, y + 1);
+}
+
+void OverworldModel::drawTrucks(PixelImage& picture) const
+{
+    if (truckCount() == 0)
+        return;
+    for (int truck = 0; truck <= lastTruck(); ++truck) {
+        const std::uint8_t start = startByte(truck);
+        const AreaPosition position = m_map.areaPosition(start & 15U);
+        const std::uint8_t firstDirection = directionOf(m_trucks.phase(start >> 4, 0));
+        m_painter.drawQuadSprite(picture,
+                                 static_cast<std::uint8_t>(kFirstTruckSprite + firstDirection),
+                                 position.x - kAreaToCentre, position.y - kAreaToCentre);
+    }
+    m_painter.drawPath(picture, truckPath(), currentPhase());
+}
+
+void OverworldModel::drawTilePicker(PixelImage& image) const
+{
+    velko::drawTilePicker(image, m_painter, m_map, m_tile);
+}
+
+void OverworldModel::drawPresetPicker(PixelImage& image) const
+{
+    velko::drawPresetPicker(image, m_painter, m_map, m_preset, m_state.backgroundColour);
+}
+
+} // namespace velko
