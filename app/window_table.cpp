@@ -4,6 +4,7 @@
 #include "gfx/tile_allocation_page.h"
 #include "pages/data_management_page.h"
 #include "pages/map_allocation_page.h"
+#include "pages/map_editing_page.h"
 #include "pages/map_layout_page.h"
 #include "pages/miscellaneous_page.h"
 #include "tools/area_editor_dialog.h"
@@ -32,6 +33,11 @@ Page* makeMapLayoutPage(const WindowContext& context, QWidget* parent)
 Page* makeTileAllocationPage(const WindowContext& context, QWidget* parent)
 {
     return new TileAllocationPage(context.state, parent);
+}
+
+Page* makeMapEditingPage(const WindowContext& context, QWidget* parent)
+{
+    return new MapEditingPage(context.state, context.prompt, parent);
 }
 
 Page* makePalettePage(const WindowContext& context, QWidget* parent)
@@ -73,7 +79,7 @@ WindowTable editorWindows()
     return {PageTable{{
                 {"Map allocation ", makeMapAllocationPage},
                 {"Map layout ", makeMapLayoutPage},
-                {"Map editing ", makeEmptyPage},
+                {"Map editing ", makeMapEditingPage},
                 {"Door placement ", makeEmptyPage},
                 {"Unit placement ", makeEmptyPage},
                 {"Tile allocation ", makeTileAllocationPage},

@@ -104,11 +104,15 @@ void MapEditModel::readLayout()
     }
 }
 
-void MapEditModel::leave()
+bool MapEditModel::leave()
 {
-    if (m_modified && m_prompt.askYesNo(kLeaveQuestion))
+    if (!m_modified)
+        return false;
+    const bool keeps = m_prompt.askYesNo(kLeaveQuestion);
+    if (keeps)
         convertAndWrite();
     m_modified = false;
+    return !keeps;
 }
 
 std::vector<std::string> MapEditModel::sharedRoomNames() const

@@ -56,8 +56,9 @@ public:
     // Reads the current room anew, without a question, and packs it once. Selection and mode stay.
     void refresh();
     // The user is about to leave the room or the page: with unwritten changes asks whether to
-    // write them, and either way there are none afterwards.
-    void leave();
+    // write them, and either way there are none afterwards. Returns true when they were given up;
+    // refresh() then takes them away from what is shown, too.
+    bool leave();
 
     // False when the room's stored height is 0, or its width leaves no column to show. Then there
     // are no screens, the view is 0 x 0, and the commands below change nothing but the selection.
