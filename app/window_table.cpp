@@ -3,6 +3,7 @@
 #include "gfx/palette_page.h"
 #include "gfx/tile_allocation_page.h"
 #include "pages/data_management_page.h"
+#include "pages/door_placement_page.h"
 #include "pages/map_allocation_page.h"
 #include "pages/map_editing_page.h"
 #include "pages/map_layout_page.h"
@@ -45,6 +46,11 @@ Page* makePalettePage(const WindowContext& context, QWidget* parent)
     return new PalettePage(context.state, parent);
 }
 
+Page* makeDoorPlacementPage(const WindowContext& context, QWidget* parent)
+{
+    return new DoorPlacementPage(context.state, parent);
+}
+
 Page* makeMiscellaneousPage(const WindowContext& context, QWidget* parent)
 {
     return new MiscellaneousPage(context.state, parent);
@@ -80,7 +86,7 @@ WindowTable editorWindows()
                 {"Map allocation ", makeMapAllocationPage},
                 {"Map layout ", makeMapLayoutPage},
                 {"Map editing ", makeMapEditingPage},
-                {"Door placement ", makeEmptyPage},
+                {"Door placement ", makeDoorPlacementPage},
                 {"Unit placement ", makeEmptyPage},
                 {"Tile allocation ", makeTileAllocationPage},
                 {"Palette ", makePalettePage},

@@ -8,7 +8,21 @@
 #include "rom/rom_image.h"
 #include "store/room_data_store.h"
 
+#include <optional>
+
 namespace velko {
+
+// What windows remember after they are gone, until the program ends.
+struct WindowMemory {
+    struct Point {
+        int x = 0;
+        int y = 0;
+
+        bool operator==(const Point&) const = default;
+    };
+    // Where the door page last saw the mouse move, in pixels of its picture.
+    std::optional<Point> doorPointer;
+};
 
 // Everything that lives from start-up to exit. The program owns one, each test builds its own;
 // windows and models take it by reference. Open ROM and Revert replace the image's bytes only.
@@ -24,6 +38,7 @@ struct EditorState {
     Resources resources;
     GraphicsState graphics{rom, config, store};
     RoomRenderer renderer{rom, config, store, graphics};
+    WindowMemory memory;
     // The window system's button-face colour, which pictures use as their background.
     Pixel backgroundColour = 0xF0F0F0;
     // Whether map editing shows a box when a room needs too many Tile32 blocks. Nothing turns it

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/page.h"
+#include "pages/door_model.h"
+
+#include <array>
+#include <memory>
+
+class QButtonGroup;
+class QRadioButton;
+
+namespace Ui {
+class DoorPlacementPage;
+}
+
+namespace velko {
+
+class RoomViewScroller;
+
+// The door placement tab: where the hero appears in the room, placed with the mouse on a view of
+// it, and where the room's exits lead. Every change is in the ROM image at once.
+class DoorPlacementPage final : public Page {
+    Q_OBJECT
+public:
+    explicit DoorPlacementPage(EditorState& state, QWidget* parent = nullptr);
+    ~DoorPlacementPage() override;
+
+    void setup() override;
+    void refresh() override;
+
+private:
+    using Radios = std::array<QRadioButton*, DoorModel::kSlots>;
+
+    // Buttons of one choice, numbered 0 to 3.
+    QButtonGroup* groupOf(const Radios& radios);
+    void connectEntrances();
+    void connectExits();
+    void connectMap();
+
+    void showEntrance();
+    void showExit();
+    void showMap();
+
+    EditorState& m_state;
+    DoorModel m_model;
+    std::unique_ptr<Ui::DoorPlacementPage> m_ui;
+    std::unique_ptr<RoomViewScroller> m_scroller;
+    QButtonGroup* m_entrances; // owned by the page, like the next two
+    QButtonGroup* m_exits;
+    QButtonGroup* m_exitEntrances;
+};
+
+} // namespace velko
