@@ -37,8 +37,8 @@ inline constexpr int kPathStep = 16;
 
 // The way of a truck that starts at `start`: in each phase it keeps to the phase's direction, step
 // by step, until it comes to the 16x16 pixels of an area's position or leaves the coordinates 0 to
-// 255; there the next phase begins. Each phase takes at least one step, also from outside, and at
-// most 16. Segments are in the order of the way.
+// 255; there the next phase begins. Each phase takes at least one step, from outside too, and at
+// most 17. Segments are in the order of the way.
 std::vector<PathSegment> walkTruckPath(AreaPosition start, std::span<const std::uint8_t> phases,
                                        std::span<const AreaPosition> areas);
 
