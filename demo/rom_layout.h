@@ -106,9 +106,11 @@ inline constexpr std::uint32_t kEntranceScreen = fileOffset(kFixedBank, 0xD300);
 inline constexpr std::uint32_t kEntranceBlock = fileOffset(kFixedBank, 0xD4C0);
 inline constexpr std::uint32_t kExitRoom = fileOffset(kFixedBank, 0xD680);
 inline constexpr std::uint32_t kExitEntrance = fileOffset(kFixedBank, 0xD840);
-// Kept free for the game's program; the interrupt vectors follow at the very end.
+// The game's program; the interrupt vectors follow at the very end.
 inline constexpr std::uint32_t kProgramStart = 0xE000;
 inline constexpr std::uint32_t kProgramBytes = 0x1800;
+inline constexpr std::uint32_t kVectors = 0xFFFA;
+inline constexpr std::uint32_t kVectorBytes = 6;
 
 // The sprite bank: the hero's script and the fourth item lie where the editor expects them.
 inline constexpr std::uint16_t kHeroScript = 0x8171;

@@ -9,8 +9,8 @@ namespace velko::demo {
 
 namespace {
 
-// Mapper 2, 16 KB banks, tiles in RAM, two nametables side by side.
-constexpr std::array<std::uint8_t, kHeaderBytes> kHeader = {'N', 'E', 'S', 0x1A, kBanks, 0, 0x21};
+// Mapper 2, 16 KB banks, tiles in RAM, four nametables: room to scroll in all directions.
+constexpr std::array<std::uint8_t, kHeaderBytes> kHeader = {'N', 'E', 'S', 0x1A, kBanks, 0, 0x28};
 // Tells an emulator's memory viewer what it is looking at.
 constexpr std::array<std::uint8_t, kHoleBytes> kSignature = {'L', 'A', 'N', 'T',
                                                              'E', 'R', 'N', 'S'};
@@ -129,9 +129,18 @@ void writeOverworld(const Overworld& overworld, RomWriter& rom)
     rom.putAll(fileOffset(kOverworldBank, kTruckData), patterns);
 }
 
+void writeProgram(const Bytes& program, RomWriter& rom)
+{
+    if (program.size() != kProgramBytes + kVectorBytes)
+        throw DemoError("the program has " + std::to_string(program.size()) + " bytes");
+    const auto vectors = program.begin() + kProgramBytes;
+    rom.putAll(fileOffset(kFixedBank, kProgramStart), Bytes(program.begin(), vectors));
+    rom.putAll(fileOffset(kFixedBank, kVectors), Bytes(vectors, program.end()));
+}
+
 } // namespace
 
-Bytes packRom(const World& world)
+Bytes packRom(const World& world, const Bytes& program)
 {
     if (world.rooms.size() != kRooms)
         throw DemoError("the demo has " + std::to_string(world.rooms.size()) + " rooms");
@@ -148,6 +157,7 @@ Bytes packRom(const World& world)
     writeLoads(world, rom);
     writeRoomSettings(world, rom);
     writeOverworld(world.overworld, rom);
+    writeProgram(program, rom);
     return rom.take();
 }
 

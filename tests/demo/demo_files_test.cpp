@@ -48,7 +48,7 @@ TEST(DemoFiles, ModuleFolderHoldsTheTableAndFiveLists)
 TEST(DemoFiles, SecondGenerationWritesTheSameBytes)
 {
     const TemporaryFolder folder;
-    demo::generateDemo(VELKO_DEMO_SOURCES, folder.path());
+    demo::generateDemo(VELKO_DEMO_SOURCES, VELKO_DEMO_PROGRAM, folder.path());
     const std::set<std::string> files = filesBelow(folder.path());
     EXPECT_EQ(files, filesBelow(demoFolder()));
     EXPECT_EQ(files.size(), 29U);

@@ -207,11 +207,16 @@ TEST_F(DemoSprites, ItemFourHasTheAddressThatNewItemsGet)
     EXPECT_EQ(addresses.size(), 26U);
 }
 
-TEST_F(DemoSprites, ProgramHasRoomInTheFixedBank)
+TEST_F(DemoSprites, ProgramStaysInItsPartOfTheFixedBank)
 {
-    const std::uint32_t start = 15 * 16384 + (0xE000 & 0x3FFF) + 16;
-    for (std::uint32_t i = 0; i < 6 * 1024; ++i)
-        ASSERT_EQ(byteAt(start + i), 0xFF);
+    const std::uint32_t bank = 15 * 16384 + 16 - 0xC000;
+    EXPECT_EQ(byteAt(bank + 0xF7FF), 0xFF); // a little room is left
+    for (std::uint32_t address = 0xF800; address < 0xFFFA; ++address)
+        ASSERT_EQ(byteAt(bank + address), 0xFF);
+    for (const std::uint32_t vector : {0xFFFAU, 0xFFFCU, 0xFFFEU}) {
+        EXPECT_GE(byteAt(bank + vector + 1), 0xE0); // high byte
+        EXPECT_LT(byteAt(bank + vector + 1), 0xF8);
+    }
 }
 
 } // namespace
