@@ -19,6 +19,9 @@ TileAllocationPage::TileAllocationPage(EditorState& state, QWidget* parent)
     , m_ui(std::make_unique<Ui::TileAllocationPage>())
 {
     m_ui->setupUi(this);
+    // Room for any address, in wide digits, so that nothing moves when the slot changes.
+    QLabel& address = *m_ui->romAddressValue;
+    address.setMinimumWidth(address.fontMetrics().horizontalAdvance("$dddddddd"));
 }
 
 TileAllocationPage::~TileAllocationPage()

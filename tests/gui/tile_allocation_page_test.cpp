@@ -640,18 +640,56 @@ TEST_F(TileAllocationPageTest, BlocksOutsideTheRomShowFillerAndDropPaint)
     EXPECT_EQ(image(), game.bytes);
 }
 
-TEST_F(TileAllocationPageTest, LargeFontsAndDarkColoursLeaveThePicturesWhole)
+// The page as it opens where the system's font is larger and its colours are dark.
+class TileAllocationPageLargeAndDark : public TileAllocationPageTest {
+protected:
+    TileAllocationPageLargeAndDark()
+    {
+        QFont large = m_font;
+        large.setPointSizeF(m_font.pointSizeF() * 2.5);
+        QApplication::setFont(large);
+        QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+        openPage();
+        page->resize(page->sizeHint());
+        QApplication::processEvents();
+    }
+    ~TileAllocationPageLargeAndDark() override
+    {
+        page.reset();
+        QApplication::setPalette(m_palette);
+        QApplication::setFont(m_font);
+    }
+
+    void expectTextsWhole() const
+    {
+        for (const QLabel* label : page->findChildren<QLabel*>())
+            EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
+        for (const QCheckBox* box : page->findChildren<QCheckBox*>())
+            EXPECT_GE(box->width(), box->sizeHint().width()) << box->text().toStdString();
+    }
+
+private:
+    const QFont m_font = QApplication::font();
+    const QPalette m_palette = QApplication::palette();
+};
+
+TEST_F(TileAllocationPageLargeAndDark, PicturesAndTextsAreWhole)
 {
-    const PixelImage before = slotView().picture();
-    QFont font = page->font();
-    font.setPointSizeF(font.pointSizeF() * 1.8);
-    page->setFont(font);
-    page->setPalette(QPalette(QColor(40, 40, 40)));
-    page->adjustSize();
     EXPECT_EQ(slotView().size(), QSize(262, 262));
-    EXPECT_EQ(slotView().picture(), before);
-    for (const char* name : {"romAddressLabel", "romAddressValue", "leftButtonHint"})
-        EXPECT_GE(control<QLabel>(name).width(), control<QLabel>(name).sizeHint().width()) << name;
+    EXPECT_EQ(slotView().picture().at(0, 0), kGrey1);
+    EXPECT_EQ(colours().picture().at(16, 50), kGrey1);
+    expectTextsWhole();
+}
+
+TEST_F(TileAllocationPageLargeAndDark, AnotherAddressMovesNothing)
+{
+    const QRect before = control<QGroupBox>("tileEditingGroup").geometry();
+    state.config.setValue(MiscField::startGfxBg, 0xFFFFFFFF);
+    page->refresh();
+    EXPECT_EQ(text("romAddressValue"), "$ffffc050");
+    QApplication::processEvents();
+    EXPECT_EQ(control<QGroupBox>("tileEditingGroup").geometry(), before);
+    expectTextsWhole();
 }
 
 // In the main window
