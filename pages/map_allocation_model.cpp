@@ -105,12 +105,8 @@ void MapAllocationModel::removeSelected()
 void MapAllocationModel::resetList()
 {
     PointerArrayHandler& lists = m_state.store.pahMapAlloc;
-    // In an over-full region the bytes that a short list frees may not make room for the one
-    // word that must stand in it: then the list is left as it is, rather than empty.
-    const std::uint32_t listBytes = 2 * screenCount();
-    const std::int64_t freeSpaceBetween = std::int64_t{lists.freeSpace()} + listBytes;
-    if (freeSpaceBetween >= 2 && lists.deleteBytes(0, listBytes).ok())
-        static_cast<void>(lists.insertWord(0, area().addressOf(0)));
+    static_cast<void>(lists.deleteBytes(0, 2 * screenCount()));
+    static_cast<void>(lists.insertWord(0, area().addressOf(0)));
     resetSelection();
 }
 

@@ -61,9 +61,10 @@ public:
 
     // Removes the selected entry, unless it is the room's only one.
     void removeSelected();
-    // Leaves one entry, the first screen of the area; changes nothing where the region has no room
-    // for that entry even without the list. A list without an end mark counts as 65536 screens:
-    // all of them go, and with them what other rooms keep behind the list's start.
+    // Leaves one entry, the first screen of the area. In an over-full region what the list frees
+    // may not make room for it, and the list becomes empty; while the free space is not known
+    // nothing changes. A list without an end mark counts as 65536 screens: all of them go, and with
+    // them what other rooms keep behind the list's start.
     void resetList();
     // Puts the lowest screen that no room uses into the selected entry. Returns false, changing
     // nothing, when there is none.
