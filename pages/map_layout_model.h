@@ -27,8 +27,9 @@ struct MapCell {
 // the stored width counts both borders.
 //
 // A damaged game may store a width below 3 or a height of 0. Such a room shows one column, or one
-// row, as everywhere in the editor. What would lie outside its block is not written, and a block
-// of no bytes gets its first ones from the free space, like a new block.
+// row, as everywhere in the editor, and what would lie outside its block is not written. A block
+// of no bytes grows where its pointer stands, as any other does: its first bytes become the head
+// of whatever starts there, also of a block of another room.
 class MapLayoutModel {
 public:
     static constexpr std::uint32_t kLargestSize = 255; // stored, a byte

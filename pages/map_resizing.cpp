@@ -37,7 +37,7 @@ MapLayoutModel::ResizeResult MapLayoutModel::growWidth()
         return ResizeResult::kAtLimit;
     if (layouts().freeSpace() < size.height)
         return ResizeResult::kNoFreeSpace;
-    // Left of the right border, which a row of no bytes does not have.
+    // Left of the right border, which a row of no bytes does not have: it grows from its start.
     const std::uint32_t place = size.width == 0 ? 0 : size.width - 1U;
     return resize({static_cast<std::uint8_t>(size.width + 1), size.height}, [&] {
         for (std::uint32_t row = 0; row < size.height; ++row)
@@ -62,12 +62,6 @@ MapLayoutModel::ResizeResult MapLayoutModel::resize(StoredSize newSize, Change c
     // Who they are is told by the size as it was.
     std::vector<std::uint32_t> rooms = synchronisedRooms();
     rooms.push_back(layouts().currentRoom());
-    // A block of no bytes lies where another room's block starts, whose head its first bytes would
-    // become. They come from the free space instead.
-    if (storedSize().bytes() == 0 && newSize.bytes() != 0) {
-        for (const std::uint32_t room : rooms)
-            layouts().setPointer(room, layouts().freeSpaceStart());
-    }
     changeBlock();
     for (const std::uint32_t room : rooms)
         setStoredSize(room, newSize);

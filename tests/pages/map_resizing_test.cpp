@@ -161,28 +161,28 @@ TEST_F(MapResizingTest, SynchronisedRoomsGetTheNewSize)
     EXPECT_EQ(model.synchronisedRooms(), (std::vector<std::uint32_t>{2}));
 }
 
-// Sizes that no game has. The block stays as long as the size says, and no other block is changed.
+// Sizes that no game has. The block stays as long as the size says. A block of no bytes starts
+// where another room's does: what is inserted there becomes the head of both.
 
-TEST_F(MapResizingTest, RowsWithoutBytesGrowInTheFreeSpace)
+TEST_F(MapResizingTest, RowsWithoutBytesGrowAtTheHeadOfTheBlockThere)
 {
-    // Room 2's empty block lies where room 1's starts, and room 3 shares it.
+    // Room 2's empty block lies where room 1's starts, and room 3 is synchronised with it.
+    const std::uint16_t start = layouts().pointerOf(1);
     for (const std::uint32_t room : {2U, 3U}) {
-        layouts().setPointer(room, layouts().pointerOf(1));
+        layouts().setPointer(room, start);
         setStoredSize(room, 0, 2);
     }
     state.graphics.selectRoom(2);
-    const std::uint16_t firstFree = layouts().freeSpaceStart();
+    const std::int32_t freeSpace = layouts().freeSpace();
     EXPECT_EQ(model.growWidth(), ResizeResult::kDone);
     EXPECT_EQ(storedSize(2), (Bytes{1, 2}));
-    EXPECT_EQ(layouts().pointerOf(2), firstFree);
-    EXPECT_EQ(layouts().freeSpaceStart(), firstFree + 2);
-    EXPECT_EQ(model.growWidth(), ResizeResult::kDone);
-    EXPECT_EQ(model.growWidth(), ResizeResult::kDone);
-    EXPECT_EQ(storedSize(2), (Bytes{3, 2}));
-    EXPECT_EQ(block(2, 6), Bytes(6));
-    EXPECT_EQ(storedSize(3), (Bytes{3, 2}));
-    EXPECT_EQ(layouts().pointerOf(3), firstFree);
-    EXPECT_EQ(block(1, 3), (Bytes{0xEE, 7, 0xEE}));
+    EXPECT_EQ(storedSize(3), (Bytes{1, 2}));
+    EXPECT_EQ(layouts().freeSpace(), freeSpace - 2);
+    for (const std::uint32_t room : {1U, 2U, 3U})
+        EXPECT_EQ(layouts().pointerOf(room), start);
+    EXPECT_EQ(storedSize(1), (Bytes{3, 1}));
+    EXPECT_EQ(block(1, 5), (Bytes{0, 0, 0xEE, 7, 0xEE}));
+    EXPECT_EQ(block(0, 10), (Bytes{0xEE, 0, 1, 2, 0xEE, 0xEE, 3, 4, 5, 0xEE}));
 }
 
 TEST_F(MapResizingTest, WidthOneAndTwoGrowInsideTheirRows)
@@ -203,17 +203,32 @@ TEST_F(MapResizingTest, WidthBelowThreeIsNotShrunk)
     }
 }
 
-TEST_F(MapResizingTest, MapWithoutRowsGetsItsFirstOneInTheFreeSpace)
+TEST_F(MapResizingTest, MapWithoutRowsGetsItsFirstOneAtTheHeadOfTheBlockThere)
 {
-    layouts().setPointer(0, layouts().pointerOf(1));
+    const std::uint16_t start = layouts().pointerOf(1);
+    layouts().setPointer(0, start);
     setStoredSize(0, 5, 0);
     EXPECT_EQ(model.heightText(), "1");
     expectRefused(ResizeResult::kNothing, &MapLayoutModel::shrinkHeight);
-    const std::uint16_t firstFree = layouts().freeSpaceStart();
+    const std::int32_t freeSpace = layouts().freeSpace();
     EXPECT_EQ(model.growHeight(), ResizeResult::kDone);
     EXPECT_EQ(storedSize(0), (Bytes{5, 1}));
+    EXPECT_EQ(layouts().freeSpace(), freeSpace - 5);
+    EXPECT_EQ(layouts().pointerOf(0), start);
+    EXPECT_EQ(layouts().pointerOf(1), start);
+    EXPECT_EQ(block(1, 8), (Bytes{0, 0, 0, 0, 0, 0xEE, 7, 0xEE}));
+}
+
+// Where no other block starts, nobody notices.
+TEST_F(MapResizingTest, MapWithoutRowsGrowsAtTheStartOfTheFreeSpace)
+{
+    const std::uint16_t firstFree = layouts().freeSpaceStart();
+    layouts().setPointer(0, firstFree);
+    setStoredSize(0, 3, 0);
+    EXPECT_EQ(model.growHeight(), ResizeResult::kDone);
     EXPECT_EQ(layouts().pointerOf(0), firstFree);
-    EXPECT_EQ(block(0, 5), Bytes(5));
+    EXPECT_EQ(layouts().freeSpaceStart(), firstFree + 3);
+    EXPECT_EQ(block(0, 3), Bytes(3));
     EXPECT_EQ(block(1, 3), (Bytes{0xEE, 7, 0xEE}));
 }
 
