@@ -27,16 +27,22 @@ std::uint32_t PointerArrayHandler::endOffset(std::uint16_t cpuAddress) const
     return dataFileOffset(static_cast<std::uint16_t>(cpuAddress - 1)) + 1;
 }
 
-template <typename Visit> void PointerArrayHandler::visitEntries(Visit visit)
+void PointerArrayHandler::movePointers(std::uint32_t lowest, std::uint32_t distance)
 {
     const std::uint32_t stride = m_descriptor.pointerPad;
     if (stride == 0)
         return;
     // In 64 bits, so that neither a table that ends at $FFFF nor a huge stride wraps.
-    std::uint32_t entry = 0;
     for (std::uint64_t address = m_descriptor.pMemStart; address < m_descriptor.pMemEdge;
-         address += stride)
-        visit(entry++);
+         address += stride) {
+        const std::uint32_t entry = tableFileOffset(static_cast<std::uint32_t>(address));
+        const std::uint32_t pointer =
+            m_rom.readByte(entry) | std::uint32_t{m_rom.readByte(entry + 1)} << 8;
+        // Without a jump, which in a table of random pointers would cost more than the writes.
+        const std::uint32_t moved = pointer + (pointer < lowest ? 0 : distance);
+        m_rom.writeByte(entry, static_cast<std::uint8_t>(moved & 0xFF));
+        m_rom.writeByte(entry + 1, static_cast<std::uint8_t>(moved >> 8 & 0xFF));
+    }
 }
 
 EditResult PointerArrayHandler::insertBytes(std::uint32_t offset,
@@ -57,12 +63,9 @@ EditResult PointerArrayHandler::insertBytes(std::uint32_t offset,
     for (std::uint32_t i = 0; i < count; ++i)
         m_rom.writeByte(first + i, bytes[i]);
 
-    const std::uint16_t place = pointerOf(m_currentRoom, offset);
-    visitEntries([&](std::uint32_t entry) {
-        const std::uint16_t pointer = pointerOf(entry);
-        if (pointer > place || (pointer == place && offset >= 1))
-            setPointer(entry, static_cast<std::uint16_t>(pointer + count));
-    });
+    // Inside a block, the block that starts exactly here is the one behind it.
+    const std::uint32_t place = pointerOf(m_currentRoom, offset);
+    movePointers(offset >= 1 ? place : place + 1, count);
     return kDone;
 }
 
@@ -125,15 +128,6 @@ void PointerArrayHandler::closeGap(std::uint16_t place, std::uint32_t count)
     for (std::uint32_t i = dataFileOffset(newUsedEnd); i < freedEnd; ++i)
         m_rom.writeByte(i, 0);
     m_freeSpace = static_cast<std::int32_t>(static_cast<std::uint32_t>(m_freeSpace) + count);
-}
-
-void PointerArrayHandler::lowerPointersAbove(std::uint16_t place, std::uint32_t count)
-{
-    visitEntries([&](std::uint32_t entry) {
-        const std::uint16_t pointer = pointerOf(entry);
-        if (pointer > place)
-            setPointer(entry, static_cast<std::uint16_t>(pointer - count));
-    });
 }
 
 std::uint16_t PointerArrayHandler::freeSpaceStart() const

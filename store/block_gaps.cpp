@@ -4,6 +4,13 @@
 
 namespace velko {
 
+namespace {
+
+constexpr std::int32_t kNoBlock = 0x10000; // above every start
+constexpr std::size_t kPiece = 512;        // entries between two looks whether to go on
+
+} // namespace
+
 BlockMap::BlockMap(const PointerArrayHandler& handler, const BlockKind& kind)
     : m_handler(handler), m_lengths(handler, kind)
 {
@@ -13,67 +20,55 @@ BlockMap::BlockMap(const PointerArrayHandler& handler, const BlockKind& kind)
 void BlockMap::rebuild()
 {
     m_lengths.refresh();
-    const auto count = static_cast<std::uint32_t>(std::max(m_handler.entryCount(), 0));
-    m_byRoom.resize(count);
-    for (std::uint32_t room = 0; room < count; ++room) {
-        const std::uint32_t start = m_handler.pointerOf(room);
-        m_byRoom[room] = {start, start + m_lengths.of(room), room};
-    }
-    // Closing a gap leaves the order of the blocks as it was: the next rebuild need not sort.
-    if (m_byStart.size() != count)
-        m_byStart = m_byRoom;
-    for (Block& block : m_byStart)
-        block = m_byRoom[block.room];
-    if (!std::ranges::is_sorted(m_byStart, {}, &Block::start))
-        std::ranges::sort(m_byStart, {}, &Block::start);
+    m_handler.readPointers(m_pointers);
+    m_starts.assign(m_pointers.begin(), m_pointers.end());
+    m_ends.resize(m_pointers.size());
+    for (std::uint32_t room = 0; room < m_ends.size(); ++room)
+        m_ends[room] =
+            m_starts[room] + static_cast<std::int32_t>(m_lengths.of(room, m_pointers[room]));
+    m_withoutGap.clear();
+}
 
-    m_reach.resize(count);
-    Reach reach;
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const Block& block = m_byStart[i];
-        if (block.end > reach.furthest.end) {
-            reach.secondEnd = reach.furthest.end;
-            reach.furthest = block;
-        } else {
-            reach.secondEnd = std::max(reach.secondEnd, block.end);
+BlockGap BlockMap::gapBehind(std::uint32_t room)
+{
+    const std::int32_t start = m_starts[room];
+    const std::int32_t end = m_ends[room] & 0xFFFF;
+    if (m_ends[room] == start || end >= m_handler.descriptor().dEdge)
+        return {};
+    const std::uint64_t block =
+        std::uint64_t{m_pointers[room]} << 32 | static_cast<std::uint32_t>(m_ends[room]);
+    if (m_withoutGap.contains(block))
+        return {};
+    // All but the entry itself, which may lie above its own end where it wraps past $FFFF.
+    Search found{start, end, kNoBlock, false};
+    search(found, room + std::size_t{1}, m_starts.size());
+    search(found, 0, room);
+    if (found.isClosed || found.next == kNoBlock) {
+        m_withoutGap.insert(block);
+        return {};
+    }
+    return {static_cast<std::uint16_t>(end), static_cast<std::uint32_t>(found.next - end)};
+}
+
+void BlockMap::search(Search& search, std::size_t first, std::size_t last) const
+{
+    const std::int32_t start = search.start;
+    const std::int32_t end = search.end;
+    while (first < last && !search.isClosed) {
+        const std::size_t pieceEnd = std::min(first + kPiece, last);
+        std::int32_t next = search.next;
+        std::int32_t closed = 0;
+        for (; first < pieceEnd; ++first) {
+            const std::int32_t otherStart = m_starts[first];
+            const std::int32_t otherEnd = m_ends[first];
+            closed |= static_cast<std::int32_t>(otherStart == end)
+                | (static_cast<std::int32_t>(otherStart <= start)
+                   & static_cast<std::int32_t>(end < otherEnd));
+            next = std::min(next, otherStart > end ? otherStart : kNoBlock);
         }
-        m_reach[i] = reach;
+        search.next = next;
+        search.isClosed = closed != 0;
     }
-}
-
-BlockGap BlockMap::gapBehind(std::uint32_t room) const
-{
-    const Block& block = m_byRoom[room];
-    if (block.end == block.start)
-        return {};
-    const std::uint32_t end = block.end & 0xFFFF;
-    if (end >= m_handler.descriptor().dEdge || anotherStartsAt(end, room)
-        || liesInsideAnother(block, end))
-        return {};
-    const auto next = std::ranges::upper_bound(m_byStart, end, {}, &Block::start);
-    // A block that wraps past $FFFF may only find itself above its end: that is no other block.
-    const auto other =
-        std::find_if(next, m_byStart.end(), [room](const Block& b) { return b.room != room; });
-    if (other == m_byStart.end())
-        return {};
-    return {static_cast<std::uint16_t>(end), other->start - end};
-}
-
-bool BlockMap::anotherStartsAt(std::uint32_t address, std::uint32_t room) const
-{
-    const auto first = std::ranges::lower_bound(m_byStart, address, {}, &Block::start);
-    const auto last = std::ranges::upper_bound(m_byStart, address, {}, &Block::start);
-    return std::any_of(first, last, [room](const Block& block) { return block.room != room; });
-}
-
-bool BlockMap::liesInsideAnother(const Block& block, std::uint32_t wrappedEnd) const
-{
-    // Only blocks that start no higher can hold this one.
-    const auto above = std::ranges::upper_bound(m_byStart, block.start, {}, &Block::start);
-    const Reach& reach = m_reach[static_cast<std::size_t>(above - m_byStart.begin()) - 1];
-    const std::uint32_t furthestEnd =
-        reach.furthest.room == block.room ? reach.secondEnd : reach.furthest.end;
-    return wrappedEnd < furthestEnd;
 }
 
 } // namespace velko

@@ -4,6 +4,7 @@
 #include "store/pointer_array_handler.h"
 
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 namespace velko {
@@ -15,8 +16,10 @@ struct BlockGap {
 };
 
 // A snapshot of where the blocks of all table entries lie, to find the gaps between them. It
-// must be rebuilt after any change of the table or the blocks. A query takes a few binary
-// searches, since a table may have tens of thousands of entries.
+// must be rebuilt after any change of the table or the blocks.
+//
+// A table may have tens of thousands of entries, with a gap behind each: rebuilding is one pass
+// over the table and so is a query, in loops of plain numbers that the compiler makes fast.
 class BlockMap {
 public:
     BlockMap(const PointerArrayHandler& handler, const BlockKind& kind);
@@ -26,28 +29,25 @@ public:
     // The bytes from the end of the entry's block to the start of the next block above. No gap
     // when a block starts right at that end, when the entry's block lies inside a longer one,
     // when no block starts above, or when the block has length 0 or ends at `dEdge` or beyond.
-    BlockGap gapBehind(std::uint32_t room) const;
+    BlockGap gapBehind(std::uint32_t room);
 
 private:
-    struct Block {
-        std::uint32_t start = 0;
-        std::uint32_t end = 0; // start + length, not wrapped
-        std::uint32_t room = 0;
+    // What one pass over some of the entries tells about the bytes behind a block.
+    struct Search {
+        std::int32_t start = 0;
+        std::int32_t end = 0;  // wrapped at 65536, where the start is no higher than 65535
+        std::int32_t next = 0; // lowest start above the end
+        bool isClosed = false; // a block starts at the end, or a longer one holds the block
     };
-
-    bool anotherStartsAt(std::uint32_t address, std::uint32_t room) const;
-    bool liesInsideAnother(const Block& block, std::uint32_t wrappedEnd) const;
+    void search(Search& search, std::size_t first, std::size_t last) const;
 
     const PointerArrayHandler& m_handler;
     LengthTable m_lengths;
-    std::vector<Block> m_byRoom;
-    std::vector<Block> m_byStart; // in order of start
-    // For each prefix of m_byStart: the block that reaches furthest, and the one after it.
-    struct Reach {
-        Block furthest;
-        std::uint32_t secondEnd = 0;
-    };
-    std::vector<Reach> m_reach;
+    std::vector<std::uint16_t> m_pointers;
+    std::vector<std::int32_t> m_starts; // by entry
+    std::vector<std::int32_t> m_ends;   // start + length, not wrapped
+    // Blocks without a gap behind them, as start << 32 | end: many entries may share one.
+    std::unordered_set<std::uint64_t> m_withoutGap;
 };
 
 } // namespace velko

@@ -35,6 +35,7 @@ void BlockKeys::refresh()
             ++length;
         }
     }
+    m_handler.readPointers(m_pointers);
     for (std::uint32_t room = 0; room < m_keys.size(); ++room)
         m_keys[room] = keyOf(room);
 }
@@ -42,8 +43,8 @@ void BlockKeys::refresh()
 std::uint64_t BlockKeys::keyOf(std::uint32_t room) const
 {
     // The window tells no more than this of a longer block either.
-    const std::uint32_t length = std::min(m_lengths.of(room), DataWindow::kSize);
-    const std::size_t first = m_handler.pointerOf(room) % DataWindow::kSize;
+    const std::uint32_t length = std::min(m_lengths.of(room, m_pointers[room]), DataWindow::kSize);
+    const std::size_t first = m_pointers[room] % DataWindow::kSize;
     return m_prefixes[first + length] - m_prefixes[first] * m_powers[length];
 }
 

@@ -30,6 +30,7 @@ private:
     const PointerArrayHandler& m_handler;
     const DataWindow& m_window;
     const LengthTable& m_lengths;
+    std::vector<std::uint16_t> m_pointers; // by entry
     std::vector<std::uint64_t> m_powers;   // of the factor, up to the longest run
     std::vector<std::uint64_t> m_prefixes; // hash of so many bytes from the window's start
     std::vector<std::uint64_t> m_keys;

@@ -8,6 +8,7 @@
 #include "store/length_table.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <vector>
 
 namespace velko {
@@ -178,9 +179,13 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
         return window.bytes(m_handler.pointerOf(room), blockLength);
     };
     bool joined = false;
+    // Blocks that no entry behind them repeats, as pointer << 32 | length: the entries that share
+    // one, maybe tens of thousands, need not all be compared with the rest of the table.
+    std::unordered_set<std::uint64_t> unrepeated;
     for (std::uint32_t i = 0; i + 1 < count; ++i) {
         const std::uint32_t blockLength = lengths.of(i);
-        if (blockLength == 0)
+        const std::uint64_t place = std::uint64_t{m_handler.pointerOf(i)} << 32 | blockLength;
+        if (blockLength == 0 || !unrepeated.insert(place).second)
             continue;
         const auto now = contents(i, blockLength);
         // A copy: joining moves the bytes.
@@ -195,6 +200,7 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
             window.refresh();
             lengths.refresh();
             keys.refresh();
+            unrepeated.clear();
             joined = true;
             m_prompt.showMessage("Room \"" + nameOf(i) + "\" and Room \"" + nameOf(j)
                                  + "\" had identical data and has been joined to use the same "
@@ -208,7 +214,8 @@ void BlockOperations::joinIdenticalData(std::span<const std::string> roomNames)
 void BlockOperations::join(std::uint32_t keeper, std::uint32_t joined, std::uint32_t blockLength)
 {
     const std::uint16_t oldPointer = m_handler.pointerOf(joined);
-    for (std::uint32_t room = joined + 1; room < entryCount(); ++room) {
+    const std::uint32_t count = entryCount();
+    for (std::uint32_t room = joined + 1; room < count; ++room) {
         if (m_handler.pointerOf(room) == oldPointer)
             m_handler.setPointer(room, m_handler.pointerOf(keeper));
     }

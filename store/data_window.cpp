@@ -11,8 +11,8 @@ DataWindow::DataWindow(const PointerArrayHandler& handler) : m_handler(handler),
 
 void DataWindow::refresh()
 {
-    for (std::uint32_t i = 0; i < kSize; ++i)
-        m_bytes[i] = m_handler.byteAt(static_cast<std::uint16_t>(i));
+    for (std::uint32_t slot = 0; slot < 2; ++slot)
+        m_handler.readDataBank(slot, std::span(m_bytes).subspan(slot * kBankSize, kBankSize));
     std::copy_n(m_bytes.begin(), kSize, m_bytes.begin() + kSize);
 }
 

@@ -25,10 +25,11 @@ public:
             m_screenLists->refresh();
     }
 
-    std::uint32_t of(std::uint32_t room) const
+    std::uint32_t of(std::uint32_t room) const { return of(room, m_handler.pointerOf(room)); }
+    // For a caller that has the entry's pointer at hand.
+    std::uint32_t of(std::uint32_t room, std::uint16_t pointer) const
     {
-        return m_screenLists ? m_screenLists->length(m_handler.pointerOf(room))
-                             : m_length(m_handler, room);
+        return m_screenLists ? m_screenLists->length(pointer) : m_length(m_handler, room);
     }
 
 private:

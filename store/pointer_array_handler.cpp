@@ -1,5 +1,7 @@
 #include "store/pointer_array_handler.h"
 
+#include <algorithm>
+
 namespace velko {
 
 namespace {
@@ -52,6 +54,17 @@ void PointerArrayHandler::setPointer(std::uint32_t room, std::uint16_t cpuAddres
     setEntryByte(kPointerHigh, highByte(cpuAddress), room);
 }
 
+void PointerArrayHandler::readPointers(std::vector<std::uint16_t>& pointers) const
+{
+    pointers.resize(static_cast<std::size_t>(std::max(entryCount(), 0)));
+    std::uint32_t cpuAddress = m_descriptor.pMemStart;
+    for (std::uint16_t& pointer : pointers) {
+        const std::uint32_t entry = tableFileOffset(cpuAddress);
+        pointer = wordOf(m_rom.readByte(entry + kPointerLow), m_rom.readByte(entry + kPointerHigh));
+        cpuAddress += m_descriptor.pointerPad;
+    }
+}
+
 std::uint8_t PointerArrayHandler::entryByte(std::uint32_t index, std::uint32_t room) const
 {
     return m_rom.readByte(entryFileOffset(room) + index);
@@ -64,8 +77,7 @@ void PointerArrayHandler::setEntryByte(std::uint32_t index, std::uint8_t value, 
 
 std::uint32_t PointerArrayHandler::entryFileOffset(std::uint32_t room) const
 {
-    const std::uint32_t cpuAddress = m_descriptor.pMemStart + room * m_descriptor.pointerPad;
-    return m_descriptor.pBank * kBankSize + (cpuAddress & 0x7FFF) + kHeaderSize;
+    return tableFileOffset(m_descriptor.pMemStart + room * m_descriptor.pointerPad);
 }
 
 std::uint32_t PointerArrayHandler::dataFileOffset(std::uint16_t cpuAddress) const
@@ -82,6 +94,11 @@ std::uint16_t PointerArrayHandler::wordAt(std::uint16_t cpuAddress) const
 {
     const std::uint32_t fileOffset = dataFileOffset(cpuAddress);
     return wordOf(m_rom.readByte(fileOffset), m_rom.readByte(fileOffset + 1));
+}
+
+void PointerArrayHandler::readDataBank(std::uint32_t slot, std::span<std::uint8_t> bytes) const
+{
+    m_rom.readBlock(dataFileOffset(static_cast<std::uint16_t>(slot * kBankSize)), bytes);
 }
 
 std::uint8_t PointerArrayHandler::dataByte(std::uint32_t offset, std::uint32_t room) const

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace velko {
 
@@ -55,6 +56,8 @@ public:
     std::uint16_t pointerOf(std::uint32_t room) const { return pointerOf(room, 0); }
     std::uint16_t pointerOf() const { return pointerOf(m_currentRoom, 0); }
     void setPointer(std::uint32_t room, std::uint16_t cpuAddress);
+    // Makes `pointers` those of entries 0 to entryCount() - 1.
+    void readPointers(std::vector<std::uint16_t>& pointers) const;
 
     // Byte `index` of the room's table entry.
     std::uint8_t entryByte(std::uint32_t index, std::uint32_t room) const;
@@ -75,6 +78,9 @@ public:
     // the next byte of the file, even where the next address would map elsewhere.
     std::uint8_t byteAt(std::uint16_t cpuAddress) const;
     std::uint16_t wordAt(std::uint16_t cpuAddress) const;
+
+    // Fills `bytes` with those of the file from the start of data bank 0 or 1 on.
+    void readDataBank(std::uint32_t slot, std::span<std::uint8_t> bytes) const;
 
     // The same `offset` bytes into the room's block.
     std::uint8_t dataByte(std::uint32_t offset, std::uint32_t room) const;
@@ -118,13 +124,22 @@ public:
     std::uint16_t freeSpaceStart() const;
 
 private:
-    // Calls `visit` with the file offset of each table entry whose first byte lies below the
-    // table's end. A last entry that the end cuts through is visited too.
-    template <typename Visit> void visitEntries(Visit visit);
+    // Adds `distance`, modulo 65536, to the pointers that are no lower than `lowest`, entry by
+    // entry: where entries overlap, each is read as the ones before it have left it. A last entry
+    // that the table's end cuts through is one of them.
+    void movePointers(std::uint32_t lowest, std::uint32_t distance);
+    // File offset of an address in the table's banks.
+    std::uint32_t tableFileOffset(std::uint32_t cpuAddress) const
+    {
+        return m_descriptor.pBank * kBankSize + (cpuAddress & 0x7FFF) + kHeaderSize;
+    }
     std::uint32_t endOffset(std::uint16_t cpuAddress) const;
     // The two halves of a deletion.
     void closeGap(std::uint16_t place, std::uint32_t count);
-    void lowerPointersAbove(std::uint16_t place, std::uint32_t count);
+    void lowerPointersAbove(std::uint32_t place, std::uint32_t count)
+    {
+        movePointers(place + 1, 0 - count);
+    }
 
     RomImage& m_rom;
     PointerArrayDescriptor m_descriptor;

@@ -3,6 +3,7 @@
 #include "store/block_lengths.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velko {
 
@@ -21,18 +22,25 @@ ScreenListScan::ScreenListScan(const PointerArrayHandler& mapAlloc)
 
 void ScreenListScan::refresh()
 {
-    for (std::uint32_t i = 0; i < kWindow; ++i)
-        m_word[i] = m_mapAlloc.wordAt(static_cast<std::uint16_t>(i));
+    // The last word of a bank takes its second byte from the next byte of the file.
+    std::array<std::uint8_t, kBankSize + 1> bank{};
+    for (std::uint32_t slot = 0; slot < 2; ++slot) {
+        m_mapAlloc.readDataBank(slot, bank);
+        for (std::uint32_t i = 0; i < kBankSize; ++i)
+            m_word[slot * kBankSize + i] = static_cast<std::uint16_t>(bank[i] | bank[i + 1] << 8);
+    }
     // Backwards, twice around: the second round brings the counts of lists that run on from the
     // end of the window to its start.
-    std::ranges::fill(m_wordsBeforeEnd, kEndless);
-    for (std::uint32_t step = 2 * kWindow; step-- > 0;) {
-        const std::uint32_t i = step % kWindow;
-        const std::uint32_t next = m_wordsBeforeEnd[(i + 2) % kWindow];
-        if (m_word[i] == kScreenListEnd)
-            m_wordsBeforeEnd[i] = 0;
-        else if (next != kEndless)
-            m_wordsBeforeEnd[i] = next + 1;
+    std::array<std::uint32_t, 2> words = {kEndless, kEndless}; // at even and at odd addresses
+    for (int round = 0; round < 2; ++round) {
+        for (std::uint32_t i = kWindow; i-- > 0;) {
+            std::uint32_t& count = words[i % 2];
+            if (m_word[i] == kScreenListEnd)
+                count = 0;
+            else if (count != kEndless)
+                ++count;
+            m_wordsBeforeEnd[i] = count;
+        }
     }
 }
 

@@ -278,6 +278,98 @@ TEST(HostileTables, TheLongestTableIsTidied)
               std::vector<std::string>{"No unused data found between normal data."});
 }
 
+// Every byte of the table but the last starts an entry, so each pointer's high byte is the next
+// one's low byte, and the table is walked twice around. All bytes are zero but one, which makes
+// one entry point at $2000 and the one behind it at $0020.
+TEST(HostileTables, TheLongestTableOfOverlappingEntriesIsTidied)
+{
+    constexpr std::uint32_t kEntries = 0xFFFF;
+    RomImage rom;
+    rom.setBytes(Bytes(kHeaderSize + 4 * kBankSize));
+    PointerArrayHandler handler(rom,
+                                {.dBank = {2, 3},
+                                 .pBank = 0,
+                                 .pMemStart = 0,
+                                 .pMemEdge = 0xFFFF,
+                                 .dEdge = 0xFFFF,
+                                 .pointerPad = 1});
+    ASSERT_EQ(handler.entryCount(), static_cast<std::int32_t>(kEntries));
+    handler.setFreeSpace(0x1000);
+    handler.setPointer(0x1234, 0x2000);
+    ASSERT_EQ(handler.pointerOf(0x1235), 0x0020);
+    NotingPrompt prompt;
+    BlockOperations operations(handler, blockKind(RoomDataKind::kPalette), prompt);
+
+    operations.joinIdenticalData({});
+    EXPECT_EQ(prompt.messages,
+              (std::vector<std::string>{"Room \"\" and Room \"\" had identical data and has been "
+                                        "joined to use the same data."}));
+    EXPECT_EQ(Bytes(rom.bytes().begin(), rom.bytes().end()), Bytes(rom.size()));
+    EXPECT_EQ(handler.freeSpace(), 0x1000 + 32);
+
+    prompt.messages.clear();
+    operations.joinIdenticalData({});
+    operations.deleteUnusedData();
+    EXPECT_EQ(prompt.messages,
+              (std::vector<std::string>{"Found no identical Rooms with different pointers.",
+                                        "No unused data found between normal data."}));
+}
+
+// Tables of up to 200 entries, overlapping or not, whose blocks are often the same and have
+// gaps behind them: what was remembered between two changes must not outlive them.
+class LongHostileTable : public testing::TestWithParam<std::tuple<Rule, std::uint32_t>> { };
+
+TEST_P(LongHostileTable, IsTidiedToTheLetter)
+{
+    const auto [rule, pad] = GetParam();
+    const std::uint32_t entries = rule == Rule::kScreenList ? 40 : pad == 1 ? 60 : 200;
+    for (std::uint32_t seed = 0; seed < 4; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomSource random(seed);
+        LiteralStore literal;
+        literal.rule = rule;
+        literal.dBank = {1, 2};
+        literal.pad = pad;
+        literal.pMemStart = 0x8000;
+        literal.pMemEdge = 0x8000 + entries * pad;
+        literal.dEdge = 0xFFFF;
+        literal.freeSpace = 0x40;
+        literal.image = Bytes(kHeaderSize + 3 * kBankSize);
+        for (std::uint32_t i = kHeaderSize + kBankSize; i < literal.image.size(); ++i)
+            literal.image[i] = random.oneIn(300) ? 0 : 0xFF;
+        for (std::uint32_t i = 0; i <= entries * pad; ++i)
+            literal.write(literal.entry(0) + i, random.below(seed < 2 ? 0x20 : 6));
+
+        RomImage rom;
+        rom.setBytes(literal.image);
+        PointerArrayHandler handler(rom,
+                                    {.dBank = literal.dBank,
+                                     .pBank = 0,
+                                     .pMemStart = 0x8000,
+                                     .pMemEdge = static_cast<std::uint16_t>(literal.pMemEdge),
+                                     .dEdge = 0xFFFF,
+                                     .pointerPad = pad});
+        handler.setFreeSpace(0x40);
+        NotingPrompt prompt;
+        BlockOperations operations(handler, blockKind(kindOf(rule)), prompt);
+        for (int turn = 0; turn < 2; ++turn) {
+            operations.deleteUnusedData();
+            literal.deleteUnused();
+            ASSERT_TRUE(std::ranges::equal(rom.bytes(), literal.image)) << turn;
+            operations.joinIdenticalData({});
+            literal.joinIdentical({});
+            ASSERT_TRUE(std::ranges::equal(rom.bytes(), literal.image)) << turn;
+            ASSERT_EQ(handler.freeSpace(), literal.freeSpace);
+            ASSERT_EQ(prompt.messages, literal.messages);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, LongHostileTable,
+                         testing::Combine(testing::Values(Rule::kLayout, Rule::kFixed32,
+                                                          Rule::kScreenList),
+                                          testing::Values(1U, 2U, 3U, 4U)));
+
 INSTANTIATE_TEST_SUITE_P(Shards, HostileRegions, testing::Range(0U, 3U));
 
 } // namespace
