@@ -668,6 +668,26 @@ TEST_F(LargeMapTest, WheelOverTheGridScrollsIt)
     EXPECT_EQ(verticalBar().value(), before);
 }
 
+// The mouse goes over all the cells that show, and the grid is drawn for each. Screens are not
+// rendered again meanwhile: they would have the colours that the palette has by then.
+TEST_F(LargeMapTest, DraggingRendersNoScreenAgain)
+{
+    const auto inside = [this] { return grid().picture().at(48 * 5 + 40, 45 * 5 + 40); };
+    const int width = static_cast<int>(grid().picture().width());
+    const int height = static_cast<int>(grid().picture().height());
+    const Pixel before = inside();
+    for (std::uint32_t i = 0; i < 32; ++i)
+        state.store.pahPal.setDataByte(i, 30);
+    QTest::mousePress(&grid(), Qt::LeftButton, {}, inWidget(0, 0));
+    for (int y = 22; y < height; y += 45) {
+        for (int x = 24; x < width; x += 48)
+            moveHolding(x, y, Qt::LeftButton);
+    }
+    EXPECT_EQ(inside(), before);
+    page->refresh();
+    EXPECT_EQ(inside(), TestRom::colour(30));
+}
+
 TEST_F(LargeMapTest, DamagedSizesAreDrawnInTheViewsSizeOnly)
 {
     setStoredSize(1, 255, 255);
