@@ -85,8 +85,8 @@ void AreaMovement::setSecondDigit(int index, int value)
 bool AreaMovement::addEntry(int index)
 {
     constexpr std::array<std::uint8_t, kEntryBytes> kZeros{};
-    const int count = m_handler.dataByte(0);
-    if (count + static_cast<int>(kEntryBytes) > kLargestCount)
+    const std::uint32_t count = m_handler.dataByte(0);
+    if (count + kEntryBytes > kLargestCount)
         return false;
     // A block without entries ends behind its head: there is none to insert behind.
     const std::uint32_t place = has(index) ? entryOffset(index + 1) : kHeadBytes;

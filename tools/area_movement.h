@@ -28,7 +28,7 @@ public:
         bool operator==(const Entry&) const = default;
     };
     // The most that byte 0 may hold: 127 entries.
-    static constexpr int kLargestCount = 254;
+    static constexpr std::uint32_t kLargestCount = 254;
 
     explicit AreaMovement(PointerArrayHandler& handler) : m_handler(handler) { }
 
