@@ -1,6 +1,9 @@
 #include "app/ui_common.h"
 
 #include <QKeyEvent>
+#include <QLayout>
+#include <QScreen>
+#include <QScrollArea>
 #include <QWidget>
 
 namespace velko {
@@ -27,6 +30,30 @@ QPoint arrowDirection(const QKeyEvent& key)
     default:
         return {};
     }
+}
+
+namespace {
+
+// Before a window is shown a change of size below a widget does not reach all layouts by itself.
+void activateLayouts(QWidget& widget)
+{
+    for (QWidget* child : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        activateLayouts(*child);
+    if (widget.layout() != nullptr)
+        widget.layout()->activate();
+}
+
+} // namespace
+
+void resizeToContents(QWidget& window, QScrollArea& scroll)
+{
+    QWidget& contents = *scroll.widget();
+    activateLayouts(contents);
+    const QSize frame(2 * scroll.frameWidth(), 2 * scroll.frameWidth());
+    scroll.setMinimumSize(contents.sizeHint().expandedTo(contents.minimumSize()) + frame);
+    const QSize whole = window.sizeHint();
+    scroll.setMinimumSize(0, 0);
+    window.resize(whole.boundedTo(window.screen()->availableSize() * 0.95));
 }
 
 namespace {

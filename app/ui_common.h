@@ -3,6 +3,7 @@
 #include <QPoint>
 
 class QKeyEvent;
+class QScrollArea;
 class QWidget;
 
 namespace velko {
@@ -21,6 +22,10 @@ bool hitTest(QPoint point, const QWidget& parent, const QWidget& control,
 
 // The way an arrow key points, in columns and rows; null for other keys.
 QPoint arrowDirection(const QKeyEvent& key);
+
+// Gives `window` the size at which `scroll`, somewhere in it, shows its contents whole, as far as
+// the screen allows.
+void resizeToContents(QWidget& window, QScrollArea& scroll);
 
 // Moves `control` so that its top-left corner is the anchor's top-left corner plus (x, y). The
 // anchor is measured from the outer corner of its parent, window frame included. A negative width

@@ -8,7 +8,6 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -29,7 +28,7 @@ RoomSelectorDialog::RoomSelectorDialog(EditorState& state, std::uint8_t room, QW
     connectControls();
     showPage();
     m_thumbnails[room % RoomBrowser::kSlots]->setFocus();
-    setInitialSize();
+    resizeToContents(*this, *m_ui->thumbnailScroll);
 }
 
 RoomSelectorDialog::~RoomSelectorDialog() = default;
@@ -64,16 +63,6 @@ void RoomSelectorDialog::connectControls()
         showPage();
     });
     connect(m_ui->backButton, &QPushButton::clicked, this, &QDialog::reject);
-}
-
-// All thumbnails in sight, as far as the screen allows.
-void RoomSelectorDialog::setInitialSize()
-{
-    QScrollArea& scroll = *m_ui->thumbnailScroll;
-    scroll.setMinimumSize(m_ui->thumbnailArea->minimumSize());
-    const QSize whole = sizeHint();
-    scroll.setMinimumSize(0, 0);
-    resize(whole.boundedTo(screen()->availableSize() * 0.95));
 }
 
 void RoomSelectorDialog::showPage()

@@ -38,7 +38,6 @@ protected:
 private:
     void createThumbnails();
     void connectControls();
-    void setInitialSize();
 
     void showPage();
     void showRoom(PictureView& view, std::uint32_t room);

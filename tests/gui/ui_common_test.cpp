@@ -1,6 +1,10 @@
 #include "app/ui_common.h"
 
 #include <QFrame>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -78,6 +82,30 @@ TEST_F(UiCommonTest, PlaceControlMeasuresFromTheOuterCornerOfAWindow)
     const QPoint frame = window.geometry().topLeft() - window.frameGeometry().topLeft();
     placeControl(control, page, 1, 2, -1, -1);
     EXPECT_EQ(control.pos(), QPoint(51, 62) + frame);
+}
+
+TEST(ResizeToContentsTest, ContentsAreShownWholeWhereTheScreenAllows)
+{
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* scroll = new QScrollArea;
+    layout->addWidget(scroll);
+    auto* contents = new QWidget;
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(contents);
+
+    contents->setMinimumSize(500, 310);
+    resizeToContents(window, *scroll);
+    window.show();
+    EXPECT_GE(scroll->viewport()->width(), 500);
+    EXPECT_GE(scroll->viewport()->height(), 310);
+    EXPECT_LT(scroll->viewport()->height(), 330);
+    window.resize(300, 200); // it may be made smaller all the same
+    EXPECT_EQ(window.size(), QSize(300, 200));
+
+    contents->setMinimumSize(310, 50000);
+    resizeToContents(window, *scroll);
+    EXPECT_EQ(window.height(), static_cast<int>(0.95 * window.screen()->availableSize().height()));
 }
 
 } // namespace
