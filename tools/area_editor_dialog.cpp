@@ -28,9 +28,7 @@ AreaEditorDialog::~AreaEditorDialog() = default;
 
 void AreaEditorDialog::fillItems(const EditorState& state)
 {
-    for (const std::string& name : state.names.items)
-        m_ui->clearItemCombo->addItem(toQString(name));
-    m_ui->clearItemCombo->setCurrentIndex(-1);
+    m_ui->clearItemCombo->setNames(state.names.items);
     m_ui->clearItemCombo->setMaxVisibleItems(static_cast<int>(kItems));
 }
 
