@@ -9,6 +9,7 @@
 #include "pages/map_layout_page.h"
 #include "pages/miscellaneous_page.h"
 #include "tools/area_editor_dialog.h"
+#include "tools/main_map_editor_dialog.h"
 #include "tools/room_selector_dialog.h"
 
 namespace velko {
@@ -78,6 +79,11 @@ void openAreaEditor(const WindowContext& context, QWidget* parent)
     AreaEditorDialog(context.state, parent).exec();
 }
 
+void openMainMapEditor(const WindowContext& context, QWidget* parent)
+{
+    MainMapEditorDialog(context.state, context.prompt, parent).exec();
+}
+
 } // namespace
 
 WindowTable editorWindows()
@@ -93,7 +99,7 @@ WindowTable editorWindows()
                 {"Miscellaneous ", makeMiscellaneousPage},
                 {"Data management ", makeDataManagementPage},
             }},
-            ToolTable{openRoomSelector, openAreaEditor, {}}};
+            ToolTable{openRoomSelector, openAreaEditor, openMainMapEditor}};
 }
 
 } // namespace velko

@@ -5,6 +5,7 @@
 #include "tests/support/scripted_prompt.h"
 #include "tests/support/test_rom.h"
 
+#include <QAction>
 #include <QListView>
 #include <QScrollArea>
 #include <QTabWidget>
@@ -44,6 +45,12 @@ TEST_F(WindowTableTest, TabsHoldTheirPages)
         tabs().setCurrentIndex(row.tab);
         EXPECT_EQ(page().property(kControlId).toInt(), row.templateNumber) << "tab " << row.tab;
     }
+}
+
+TEST_F(WindowTableTest, AllToolsAreThere)
+{
+    for (const char* name : {"roomSelectorAction", "areaEditorAction", "mainMapEditorAction"})
+        EXPECT_TRUE(window.findChild<QAction*>(name)->isEnabled()) << name;
 }
 
 TEST_F(WindowTableTest, ComingBackToMapAllocationSelectsTheSecondScreenAgain)
