@@ -7,6 +7,7 @@ MAP_COLUMN   = 3 ; the map lies three tiles inside the nametable
 MAP_ROW      = 3
 CART_QUADS   = 8 ; quad sprites 8 to 15: a cart facing each of the eight directions
 CART_SPEED   = 2 ; frames for a pixel
+CART_REST    = 60 ; frames before the carts set out
 LEG          = 16 ; pixels that a cart drives before it may stop
 LAST_PHASE   = $80
 
@@ -17,6 +18,7 @@ cart_y:      .res CARTS
 cart_phase:  .res CARTS ; place in the patterns' data
 cart_way:    .res CARTS ; pixels of the leg still to go
 cart_timer:  .res 1
+cart_rest:   .res 1
 cart:        .res 1
 
 .segment "CODE"
@@ -42,6 +44,8 @@ enter_overworld:
     sta queue_start
     sta queue_end
     sta cart_timer
+    lda #CART_REST
+    sta cart_rest
     lda #1
     sta overworld
     jmp screen_on
@@ -54,6 +58,11 @@ overworld_frame:
 @stay:
     lda #OVERWORLD_BANK
     jsr set_bank
+    lda cart_rest
+    beq @drive
+    dec cart_rest
+    bne @stand
+@drive:
     inc cart_timer
     lda cart_timer
     cmp #CART_SPEED

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 
 namespace velko::test {
 
@@ -19,6 +20,15 @@ std::uint32_t buttonToward(int from, int to, std::uint32_t backward, std::uint32
 }
 
 } // namespace
+
+ColourNumbers numbersOf(const PixelImage& image)
+{
+    ColourNumbers numbers;
+    numbers.reserve(image.pixels().size());
+    for (const Pixel pixel : image.pixels())
+        numbers.push_back(static_cast<std::uint8_t>(pixel));
+    return numbers;
+}
 
 ConsoleGame::ConsoleGame()
 {
@@ -89,6 +99,22 @@ void ConsoleGame::flyTo(CameraPosition target)
     ASSERT_EQ(camera(), target);
 }
 
+void ConsoleGame::flyHeroTo(CameraPosition place)
+{
+    constexpr int kNear = 4; // pixels the hero flies in a frame
+    const auto near = [](int from, int to) { return std::abs(to - from) < kNear ? from : to; };
+    for (int frame = 0; frame < kPatience; ++frame) {
+        const CameraPosition now = hero();
+        const std::uint32_t buttons =
+            buttonToward(now.x, near(now.x, place.x), kButtonLeft, kButtonRight)
+            | buttonToward(now.y, near(now.y, place.y), kButtonUp, kButtonDown);
+        if (buttons == 0)
+            return;
+        console().run(1, buttons);
+    }
+    FAIL() << "the hero does not come to " << place.x << ", " << place.y;
+}
+
 std::vector<CameraPosition> ConsoleGame::screensOf(std::uint32_t room) const
 {
     const RoomSize size = state.renderer.roomSize(room);
@@ -116,17 +142,17 @@ ColourNumbers ConsoleGame::editorPicture(CameraPosition corner, bool withUnits) 
                                            state.config.unitSpriteAddress.at(unit.type), 0, {});
         }
     }
-    ColourNumbers picture;
-    picture.reserve(image.pixels().size());
-    for (const Pixel pixel : image.pixels())
-        picture.push_back(static_cast<std::uint8_t>(pixel));
-    return picture;
+    return numbersOf(image);
 }
 
 void ConsoleGame::expectSamePicture(bool withUnits) const
 {
     ASSERT_EQ(room(), state.currentRoom());
-    const ColourNumbers expected = editorPicture(camera(), withUnits);
+    expectSamePicture(editorPicture(camera(), withUnits));
+}
+
+void ConsoleGame::expectSamePicture(const ColourNumbers& expected) const
+{
     const ColourNumbers shown = console().picture();
     ASSERT_EQ(shown.size(), expected.size());
     const auto [seen, wanted] = std::mismatch(shown.begin(), shown.end(), expected.begin());

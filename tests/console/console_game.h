@@ -22,6 +22,9 @@ struct CameraPosition {
     bool operator==(const CameraPosition&) const = default;
 };
 
+// The pixels of a picture that was drawn with colour numbers for colours.
+ColourNumbers numbersOf(const PixelImage& image);
+
 // The demo game in the editor and on the console, side by side. Colours are colour numbers on both
 // sides: the editor's colour table gives each number its own value as pixel.
 class ConsoleGame : public DemoGame {
@@ -48,11 +51,14 @@ protected:
 
     // The screens of a room, row by row, each second row backwards: the shortest flight.
     std::vector<CameraPosition> screensOf(std::uint32_t room) const;
+    // Flies until the hero is at most a step away from a place in the room.
+    void flyHeroTo(CameraPosition place);
     // The editor's picture of what the console shows of the selected room.
     ColourNumbers editorPicture(CameraPosition corner, bool withUnits) const;
     // Compares the console's picture with the editor's where the camera is; one failure tells how
     // many pixels differ and the first of them.
     void expectSamePicture(bool withUnits) const;
+    void expectSamePicture(const ColourNumbers& expected) const;
 
 private:
     int word(std::uint16_t address) const
