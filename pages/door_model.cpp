@@ -7,6 +7,9 @@ namespace velko {
 namespace {
 
 constexpr int kBlock = 16; // room pixels
+// Screens that an entrance can tell: column 0 means that it is not set.
+constexpr int kMostColumns = 15;
+constexpr int kMostRows = 16;
 
 // The room pixel under a pixel of the picture, along one axis. Single precision, as this decides
 // between neighbouring blocks.
@@ -44,14 +47,21 @@ void DoorModel::selectEntrance(std::uint32_t slot)
 {
     m_entrance = slot;
     if (entrance().isSet())
-        centreOn(entrance());
+        centreOn(entrance().corner());
 }
 
-void DoorModel::centreOn(const Entrance& entrance)
+void DoorModel::centreOn(RoomView::Position corner)
 {
-    const RoomView::Position corner = entrance.corner();
     const RoomView::Size region = m_view.region();
     m_view.scrollTo({corner.x - region.width / 2, corner.y - region.height / 2});
+}
+
+bool DoorModel::isInView(RoomView::Position corner) const
+{
+    const RoomView::Position scroll = m_view.scroll();
+    const RoomView::Size region = m_view.region();
+    return corner.x < scroll.x + region.width && corner.y < scroll.y + region.height
+        && corner.x + kBlock > scroll.x && corner.y + kBlock > scroll.y;
 }
 
 Entrance DoorModel::entranceOf(std::uint32_t slot) const
@@ -71,12 +81,17 @@ bool DoorModel::placeEntrance(int x, int y)
     const RoomView::Size region = m_view.region();
     const std::uint32_t roomX = roomPixel(x, region.width, kDisplay.width, m_view.scroll().x);
     const std::uint32_t roomY = roomPixel(y, region.height, kDisplay.height, m_view.scroll().y);
+    storeEntrance(roomX, roomY);
+    return true;
+}
+
+void DoorModel::storeEntrance(std::uint32_t roomX, std::uint32_t roomY)
+{
     const std::uint8_t screen = packNibbles(roomX / kScreenWidth + 1, roomY / kScreenHeight);
     const std::uint8_t block =
         packNibbles(roomX % kScreenWidth / kBlock, roomY % kScreenHeight / kBlock);
     m_state.rom.writeByte(entranceOffset(MiscField::ptrEntranceScreen, m_entrance), screen);
     m_state.rom.writeByte(entranceOffset(MiscField::ptrEntranceBlock, m_entrance), block);
-    return true;
 }
 
 bool DoorModel::moveMouse(int x, int y, bool leftButtonHeld)
@@ -85,6 +100,23 @@ bool DoorModel::moveMouse(int x, int y, bool leftButtonHeld)
     const bool moved = m_state.memory.doorPointer != point;
     m_state.memory.doorPointer = point;
     return leftButtonHeld && moved && placeEntrance(x, y);
+}
+
+void DoorModel::moveEntrance(int columns, int rows)
+{
+    const RoomView::Size room = m_view.room();
+    const RoomView::Size region = m_view.region();
+    const Entrance old = entrance();
+    RoomView::Position corner = old.corner();
+    if (old.isSet())
+        corner = {corner.x + columns * kBlock, corner.y + rows * kBlock};
+    else
+        corner = {m_view.scroll().x + region.width / 2, m_view.scroll().y + region.height / 2};
+    corner.x = std::clamp(corner.x, 0, std::min(room.width, kMostColumns * kScreenWidth) - kBlock);
+    corner.y = std::clamp(corner.y, 0, std::min(room.height, kMostRows * kScreenHeight) - kBlock);
+    storeEntrance(static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y));
+    if (!isInView(corner))
+        centreOn(corner);
 }
 
 std::uint8_t DoorModel::exitRoom() const
@@ -127,20 +159,15 @@ void DoorModel::draw(PixelImage& picture)
 void DoorModel::drawDoors(PixelImage& region) const
 {
     const RoomView::Position scroll = m_view.scroll();
-    const RoomView::Size size = m_view.region();
     const std::uint32_t slots =
         std::min(m_state.config.value(MiscField::roomEntrances),
                  static_cast<std::uint32_t>(m_state.resources.doorBitmaps.size()));
     for (std::uint32_t slot = 0; slot < slots; ++slot) {
         const Entrance entrance = entranceOf(slot);
-        if (!entrance.isSet())
+        if (!entrance.isSet() || !isInView(entrance.corner()))
             continue;
-        const RoomView::Position corner = entrance.corner();
-        const bool shown = corner.x < scroll.x + size.width && corner.y < scroll.y + size.height
-            && corner.x + kBlock > scroll.x && corner.y + kBlock > scroll.y;
-        if (shown)
-            blit(region, m_state.resources.doorBitmaps[slot], corner.x - scroll.x,
-                 corner.y - scroll.y);
+        blit(region, m_state.resources.doorBitmaps[slot], entrance.corner().x - scroll.x,
+             entrance.corner().y - scroll.y);
     }
 }
 

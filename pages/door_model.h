@@ -56,6 +56,11 @@ public:
     // earlier one. Returns whether the entrance was placed.
     bool moveMouse(int x, int y, bool leftButtonHeld);
 
+    // Moves the selected entrance by blocks, for those who use no mouse; one that is not set comes
+    // into the middle of the view first. It stays inside the room, and on the screens that an
+    // entrance can tell. The view follows it.
+    void moveEntrance(int columns, int rows);
+
     std::uint32_t selectedExit() const { return m_exit; }
     void selectExit(std::uint32_t slot) { m_exit = slot; } // 0-3
     // The room that the selected exit leads to, and the entrance slot there.
@@ -65,13 +70,16 @@ public:
     void setExitEntrance(std::uint8_t slot);
 
     // The shown region with the doors of its entrances, scaled to kDisplay. Doors have pictures for
-    // four slots at most; a door more than 16 pixels out of the region is not drawn, whatever the
-    // size of its picture.
+    // four slots at most; a door whose block lies out of the region is not drawn, whatever the size
+    // of its picture.
     void draw(PixelImage& picture);
 
 private:
     Entrance entranceOf(std::uint32_t slot) const;
-    void centreOn(const Entrance& entrance);
+    void storeEntrance(std::uint32_t roomX, std::uint32_t roomY);
+    void centreOn(RoomView::Position corner);
+    // Whether a block shows, at least in part.
+    bool isInView(RoomView::Position corner) const;
     void drawDoors(PixelImage& region) const;
     // File offset of a slot's byte in one of the tables; wraps at 32 bits.
     std::uint32_t entranceOffset(MiscField table, std::uint32_t slot) const;

@@ -1,9 +1,11 @@
 #include "pages/door_placement_page.h"
 
 #include "app/room_view_scroller.h"
+#include "app/ui_common.h"
 #include "ui_door_placement_page.h"
 
 #include <QButtonGroup>
+#include <QKeyEvent>
 
 namespace velko {
 
@@ -73,19 +75,15 @@ void DoorPlacementPage::setup()
 void DoorPlacementPage::refresh()
 {
     m_model.showRoom();
-    showEntrance();
+    showEntranceInView();
     showExit();
-    m_scroller->showBars();
-    showMap();
 }
 
 void DoorPlacementPage::connectEntrances()
 {
     connect(m_entrances, &QButtonGroup::idClicked, this, [this](int slot) {
         m_model.selectEntrance(static_cast<std::uint32_t>(slot));
-        showEntrance();
-        m_scroller->showBars();
-        showMap();
+        showEntranceInView();
     });
 }
 
@@ -125,6 +123,26 @@ void DoorPlacementPage::connectMap()
                     m_model.moveMouse(point.x(), point.y(), buttons.testFlag(Qt::LeftButton)));
             });
     m_scroller->connectMoved([this] { showMap(); });
+    // Before the scroller, which takes every arrow key that reaches the view.
+    view.installEventFilter(this);
+}
+
+bool DoorPlacementPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_ui->mapView && event->type() == QEvent::KeyPress
+        && moveEntranceByKey(static_cast<QKeyEvent&>(*event)))
+        return true;
+    return Page::eventFilter(watched, event);
+}
+
+bool DoorPlacementPage::moveEntranceByKey(const QKeyEvent& key)
+{
+    const QPoint direction = arrowDirection(key);
+    if (direction.isNull() || !key.modifiers().testFlag(Qt::ShiftModifier))
+        return false;
+    m_model.moveEntrance(direction.x(), direction.y());
+    showEntranceInView();
+    return true;
 }
 
 void DoorPlacementPage::showEntrance()
@@ -134,6 +152,13 @@ void DoorPlacementPage::showEntrance()
     m_ui->screenYEdit->setText(QString::number(entrance.screenRow));
     m_ui->blockXEdit->setText(QString::number(entrance.blockColumn));
     m_ui->blockYEdit->setText(QString::number(entrance.blockRow));
+}
+
+void DoorPlacementPage::showEntranceInView()
+{
+    showEntrance();
+    m_scroller->showBars();
+    showMap();
 }
 
 void DoorPlacementPage::showExit()

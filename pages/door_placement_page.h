@@ -7,6 +7,7 @@
 #include <memory>
 
 class QButtonGroup;
+class QKeyEvent;
 class QRadioButton;
 
 namespace Ui {
@@ -28,6 +29,9 @@ public:
     void setup() override;
     void refresh() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     using Radios = std::array<QRadioButton*, DoorModel::kSlots>;
 
@@ -37,7 +41,12 @@ private:
     void connectExits();
     void connectMap();
 
+    // Shift and an arrow key, pressed on the map. Returns false for any other key.
+    bool moveEntranceByKey(const QKeyEvent& key);
+
     void showEntrance();
+    // After the view may have followed an entrance.
+    void showEntranceInView();
     void showExit();
     void showMap();
 

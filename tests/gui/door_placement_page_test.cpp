@@ -457,6 +457,28 @@ TEST_F(DoorPlacementPageTest, KeysAndWheelScrollTheMap)
     expectScroll(16, verticalBar().value());
 }
 
+TEST_F(DoorPlacementPageTest, ShiftAndArrowKeysMoveTheEntrance)
+{
+    map().setFocus();
+    QTest::keyClick(&map(), Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(image(), loadedWithEntrance(0, 0x10, 0x55));
+    expectFields("1", "0", "5", "5");
+    expectScroll(0, 0);
+    QTest::keyClick(&map(), Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(image(), loadedWithEntrance(0, 0x10, 0x54));
+    QTest::keyClick(&map(), Qt::Key_A, Qt::ShiftModifier);
+    EXPECT_EQ(image(), loadedWithEntrance(0, 0x10, 0x54));
+}
+
+TEST_F(DoorPlacementPageTest, ViewFollowsTheEntranceThatKeysMove)
+{
+    clickMap(620, 10); // (368, 0)
+    map().setFocus();
+    QTest::keyClick(&map(), Qt::Key_Right, Qt::ShiftModifier);
+    expectFields("2", "0", "8", "0");
+    expectScroll(192, 0);
+}
+
 TEST_F(DoorPlacementPageTest, RoomOfOneScreenDoesNotScroll)
 {
     changeRoom(kOneScreen);

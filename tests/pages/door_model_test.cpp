@@ -263,6 +263,71 @@ TEST_F(DoorModelTest, PointSeenLastOutlivesThePage)
     EXPECT_TRUE(elsewhere.moveMouse(500, 313, true));
 }
 
+// The keyboard
+
+TEST_F(DoorModelTest, EntranceMovesBlockByBlock)
+{
+    const struct {
+        std::uint8_t screen;
+        std::uint8_t block;
+        int columns;
+        int rows;
+        std::uint8_t newScreen;
+        std::uint8_t newBlock;
+    } rows[] = {
+        {0x10, 0x45, 1, 0, 0x10, 0x55},  {0x10, 0x45, -1, 0, 0x10, 0x35},
+        {0x10, 0x45, 0, 1, 0x10, 0x46},  {0x10, 0x45, 0, -1, 0x10, 0x44},
+        {0x10, 0xFE, 1, 0, 0x20, 0x0E},  {0x10, 0xFE, 0, 1, 0x11, 0xF0}, // the next screens
+        {0x21, 0x00, -1, 0, 0x11, 0xF0}, {0x21, 0x00, 0, -1, 0x20, 0x0E},
+        {0x10, 0x00, -1, 0, 0x10, 0x00}, {0x10, 0x00, 0, -1, 0x10, 0x00}, // the room's edges
+        {0x42, 0xFE, 1, 0, 0x42, 0xFE},  {0x42, 0xFE, 0, 1, 0x42, 0xFE},
+        {0xFF, 0xFF, -1, 0, 0x42, 0xFE}, // from far outside
+    };
+    for (const auto& row : rows) {
+        setEntrance(kLarge, 1, row.screen, row.block);
+        open(kLarge);
+        model.selectEntrance(1);
+        model.moveEntrance(row.columns, row.rows);
+        EXPECT_EQ(image(), loadedWithEntrance(1, row.newScreen, row.newBlock))
+            << int{row.screen} << " " << int{row.block};
+    }
+}
+
+TEST_F(DoorModelTest, EntranceThatIsNotSetComesToTheMiddle)
+{
+    setEntrance(kLarge, 0, 0x01, 0x23);
+    open(kLarge);
+    model.view().scrollTo({16, 32});
+    model.moveEntrance(1, 0);
+    EXPECT_EQ(image(), loadedWithEntrance(0, 0x10, 0xDE)); // (208, 224)
+    EXPECT_EQ(model.view().scroll(), (Position{16, 32}));
+    model.moveEntrance(1, 0);
+    EXPECT_EQ(image(), loadedWithEntrance(0, 0x10, 0xEE));
+}
+
+TEST_F(DoorModelTest, ViewFollowsAMovedEntrance)
+{
+    setEntrance(kLarge, 0, 0x20, 0x70); // at (368, 0), the last column of the view
+    open(kLarge);
+    model.moveEntrance(0, 1);
+    EXPECT_EQ(model.view().scroll(), (Position{0, 0}));
+    model.moveEntrance(1, 0);
+    EXPECT_EQ(model.view().scroll(), (Position{192, 0}));
+}
+
+TEST_F(DoorModelTest, EntranceStaysOnScreensThatItCanTell)
+{
+    setEntrance(kHuge, 0, 0xFF, 0xFE);
+    open(kHuge);
+    model.moveEntrance(1, 0);
+    model.moveEntrance(0, 1);
+    EXPECT_EQ(image(), game.bytes);
+    model.view().scrollTo({64384, 60816});
+    model.selectEntrance(1); // not set: it comes to the nearest block that it can tell
+    model.moveEntrance(1, 0);
+    EXPECT_EQ(image(), loadedWithEntrance(9, 0xFF, 0xFE));
+}
+
 // The view
 
 TEST_F(DoorModelTest, RegionIsTheRoomUpToItsLimit)
