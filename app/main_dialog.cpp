@@ -204,11 +204,12 @@ void MainDialog::showPage(int index)
     Page* page = make(context(), m_pageArea->viewport());
     page->resize(m_pageArea->viewport()->size());
     page->setup();
-    page->refresh();
     m_page = page;
     m_pageIndex = index;
     m_pageArea->setWidget(page);
     page->show();
+    // Last: what it may have to tell is told over the page, not over an empty tab.
+    page->refresh();
 }
 
 void MainDialog::commitEdits()

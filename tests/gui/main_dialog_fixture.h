@@ -24,7 +24,8 @@ using Calls = std::vector<std::string>;
 
 inline constexpr int kMapEditingTab = 2;
 
-// A page that notes what it is told, together with the room that is current then.
+// A page that notes what it is told, together with the room that is current then. It is to be in
+// sight when it is refreshed: what it tells the user then is told over it.
 class NotingPage : public Page {
 public:
     NotingPage(const EditorState& state, int tab, Calls& calls, QWidget* parent)
@@ -35,7 +36,7 @@ public:
     ~NotingPage() override { note("destroy"); }
 
     void setup() override { note("setup"); }
-    void refresh() override { note("refresh"); }
+    void refresh() override { note(isHidden() ? "hidden refresh" : "refresh"); }
     void commitEdits() override
     {
         note("commit");
