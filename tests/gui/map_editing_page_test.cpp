@@ -240,6 +240,12 @@ TEST_F(MapEditingPageTest, PicturesHaveTheirSizes)
     EXPECT_EQ(physics().size(), QSize(282, 322) + frame);
 }
 
+TEST_F(MapEditingPageTest, PageFitsAScreenOf768Rows)
+{
+    EXPECT_LE(page->minimumSizeHint().width(), 1100);
+    EXPECT_LE(page->minimumSizeHint().height(), 612);
+}
+
 TEST_F(MapEditingPageTest, RoomIsShownFromItsCorner)
 {
     EXPECT_EQ(shownAt(kOnFirstScreen), colour(16));
