@@ -54,26 +54,23 @@ MapEditingPage::MapEditingPage(EditorState& state, UserPrompt& prompt, QWidget* 
     m_ui->tileSelector->setPictureSize(toQSize(kTileSelector.display));
     m_ui->paletteSelector->setPictureSize(toQSize(kPaletteSelector.display));
     m_ui->physicsSelector->setPictureSize(toQSize(kPhysicsSelector.display));
-    m_ui->statusLabel->setMinimumHeight(m_ui->statusLabel->fontMetrics().height());
-    setHintWidths();
+    fitTexts();
 }
 
 MapEditingPage::~MapEditingPage() = default;
 
-// The hints of all modes fit, so that choosing another one moves nothing.
-void MapEditingPage::setHintWidths()
+// There is space for the hints of all modes and for a status, so that none of them moves anything
+// when it comes.
+void MapEditingPage::fitTexts()
 {
-    const auto fit = [](QLabel& label, std::string_view MapEditHints::*hint) {
-        int width = 0;
-        for (const MapEditMode mode : kModes) {
-            label.setText(toQString(mapEditHints(mode).*hint));
-            width = std::max(width, label.sizeHint().width());
-        }
-        label.setMinimumWidth(width);
-    };
-    fit(*m_ui->selectHint, &MapEditHints::select);
-    fit(*m_ui->modifyHint, &MapEditHints::modify);
-    fit(*m_ui->copyHint, &MapEditHints::copy);
+    m_ui->statusLabel->setMinimumHeight(m_ui->statusLabel->fontMetrics().height());
+    int width = 0;
+    for (const MapEditMode mode : kModes) {
+        const MapEditHints& hints = mapEditHints(mode);
+        for (const std::string_view hint : {hints.select, hints.modify, hints.copy})
+            width = std::max(width, fontMetrics().horizontalAdvance(toQString(hint)));
+    }
+    m_ui->selectHint->setMinimumWidth(width);
 }
 
 void MapEditingPage::setup()
@@ -161,6 +158,7 @@ void MapEditingPage::connectDrag(PictureView& view, Qt::MouseButton button, cons
 
 void MapEditingPage::refresh()
 {
+    m_isPaused = false;
     m_model.refresh();
     showRoom();
     if (!m_model.hasMap())
@@ -183,18 +181,27 @@ void MapEditingPage::leave(bool revert)
         m_model.leave();
 }
 
+// The Shift key is told while a tool window is open, too.
+void MapEditingPage::pause()
+{
+    shiftKey(false);
+    m_isPaused = true;
+}
+
 void MapEditingPage::shiftKey(bool down)
 {
-    const bool shows = down && m_ui->heroCheck->isChecked();
+    const bool shows = down && m_ui->heroCheck->isChecked() && !m_isPaused;
     if (std::exchange(m_shiftIsDown, shows) != shows)
         showMap();
 }
 
-// A key that goes up while another program has the keyboard is never told.
 bool MapEditingPage::event(QEvent* event)
 {
+    // A key that goes up while another program has the keyboard is never told.
     if (event->type() == QEvent::WindowDeactivate && m_shiftIsDown)
         shiftKey(false);
+    else if (event->type() == QEvent::FontChange)
+        fitTexts();
     return Page::event(event);
 }
 

@@ -33,6 +33,7 @@ public:
     // gone from the map as well.
     void commitEdits() override;
     void leave(bool revert) override;
+    void pause() override;
     // With the box checked the hero stands at the mouse while the key is down.
     void shiftKey(bool down) override;
 
@@ -50,7 +51,7 @@ private:
                          const std::function<std::uint32_t()>& selected, const Act& select);
     // A press, and each move to another point with the button held.
     void connectDrag(PictureView& view, Qt::MouseButton button, const Act& act);
-    void setHintWidths();
+    void fitTexts();
 
     void paint(Point point);
     void pick(Point point);
@@ -68,6 +69,7 @@ private:
     std::unique_ptr<Ui::MapEditingPage> m_ui;
     std::unique_ptr<RoomViewScroller> m_scroller;
     bool m_shiftIsDown = false;
+    bool m_isPaused = false;                  // another room's graphics may be selected
     std::optional<RoomView::Position> m_hero; // known once the mouse was over the map
 };
 

@@ -16,6 +16,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
@@ -219,8 +220,14 @@ TEST_F(MapEditingPageTest, HintsFollowTheMode)
     }
 }
 
-TEST_F(MapEditingPageTest, HintsFitInEveryModeAndMoveNothing)
+TEST_F(MapEditingPageTest, LongHintsFitInEveryModeAndMoveNothing)
 {
+    QFont font = page->font();
+    font.setPointSizeF(font.pointSizeF() * 1.8); // the longest hint is wider than the map
+    page->setFont(font);
+    page->resize(1600, 900);
+    chooseMode(0);
+    QApplication::processEvents();
     const QPoint before = tiles().mapTo(page.get(), QPoint());
     for (const int mode : {1, 2, 3, 0}) {
         chooseMode(mode);
@@ -774,12 +781,25 @@ TEST_F(HeroTest, HeroNeedsTheBox)
     moveTo(onMap(kMouse), Qt::NoButton);
     page->shiftKey(true);
     EXPECT_EQ(linePixel(), colour(16));
-    page->shiftKey(false);
     checkHero();
+    EXPECT_EQ(linePixel(), colour(16)); // the key went down before
     page->shiftKey(true);
     EXPECT_EQ(linePixel(), colour(17));
     checkHero();
     EXPECT_EQ(linePixel(), colour(16));
+}
+
+TEST_F(HeroTest, NothingIsDrawnWhileAToolShowsOtherRooms)
+{
+    checkHero();
+    moveTo(onMap(kMouse), Qt::NoButton);
+    page->pause();
+    page->shiftKey(true);
+    EXPECT_EQ(linePixel(), colour(16));
+    page->refresh();
+    std::fill_n(state.graphics.patternMemory.begin(), kPatternTable1, 0xFF);
+    page->shiftKey(true);
+    EXPECT_EQ(linePixel(), colour(19));
 }
 
 TEST_F(HeroTest, HeroIsInNoCellOfTheMap)
