@@ -3,7 +3,7 @@
 #include "app/main_dialog.h"
 #include "app/picture_view.h"
 #include "app/room_combo.h"
-#include "app/ui_common.h"
+#include "tests/gui/page_support.h"
 #include "tests/pages/door_rom.h"
 #include "tests/support/scripted_prompt.h"
 
@@ -17,7 +17,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <memory>
-#include <stdexcept>
 
 namespace velko {
 namespace {
@@ -52,21 +51,12 @@ protected:
     void open()
     {
         page = std::make_unique<DoorPlacementPage>(state);
-        page->setup();
-        page->refresh();
-        page->resize(1000, 620);
-        page->show();
-        page->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
+        test::showPage(*page, {1000, 620});
     }
 
     template <typename Widget = QWidget> Widget& control(int id) const
     {
-        for (Widget* widget : page->findChildren<Widget*>()) {
-            if (widget->property(kControlId).toInt() == id)
-                return *widget;
-        }
-        throw std::runtime_error("no control " + std::to_string(id));
+        return test::controlOf<Widget>(*page, id);
     }
     PictureView& map() const { return control<PictureView>(1109); }
     QScrollBar& horizontalBar() const { return control<QScrollBar>(1110); }

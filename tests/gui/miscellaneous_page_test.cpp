@@ -3,7 +3,7 @@
 #include "app/hex_edit.h"
 #include "app/main_dialog.h"
 #include "app/room_combo.h"
-#include "app/ui_common.h"
+#include "tests/gui/page_support.h"
 #include "tests/pages/room_settings_rom.h"
 #include "tests/support/scripted_prompt.h"
 
@@ -15,7 +15,6 @@
 #include <QTabBar>
 #include <QTest>
 #include <memory>
-#include <stdexcept>
 
 namespace velko {
 namespace {
@@ -33,24 +32,14 @@ protected:
     void open()
     {
         page = std::make_unique<MiscellaneousPage>(state);
-        page->setup();
-        page->refresh();
-        page->resize(900, 600);
-        page->show();
-        page->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
+        test::showPage(*page, {900, 600});
     }
 
     template <typename Widget = QWidget> Widget& control(int id) const
     {
-        for (Widget* widget : page->findChildren<Widget*>()) {
-            if (widget->property(kControlId).toInt() == id)
-                return *widget;
-        }
-        throw std::runtime_error("no control " + std::to_string(id));
+        return test::controlOf<Widget>(*page, id);
     }
     QComboBox& music() const { return control<QComboBox>(1138); }
-    QGroupBox& group() const { return control<QGroupBox>(1200); }
     QCheckBox& check() const { return control<QCheckBox>(1171); }
     QComboBox& item() const { return control<QComboBox>(1172); }
     HexEdit& address() const { return control<HexEdit>(1120); }
@@ -391,7 +380,9 @@ TEST_F(MiscellaneousPageTest, LabelsLineUpWithTheirControls)
     const auto centre = [this](const QWidget& widget) {
         return widget.mapTo(page.get(), widget.rect().center()).y();
     };
-    const auto left = [this](const QWidget& widget) { return widget.mapTo(page.get(), QPoint()).x(); };
+    const auto left = [this](const QWidget& widget) {
+        return widget.mapTo(page.get(), QPoint()).x();
+    };
     const auto& label = *page->findChild<QLabel*>("addressLabel");
     EXPECT_NEAR(centre(label), centre(address()), 1);
     EXPECT_NEAR(centre(addressButton()), centre(address()), 1);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/page.h"
+#include "app/ui_common.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+
+namespace velko::test {
+
+// The control below `window` that has this number in the window's template.
+template <typename Widget = QWidget> Widget& controlOf(const QWidget& window, int id)
+{
+    for (Widget* widget : window.findChildren<Widget*>()) {
+        if (widget->property(kControlId).toInt() == id)
+            return *widget;
+    }
+    throw std::runtime_error("no control " + std::to_string(id));
+}
+
+// Shows a new page in a window of its own, active and of this size.
+inline void showPage(Page& page, QSize size)
+{
+    page.setup();
+    page.refresh();
+    page.resize(size);
+    page.show();
+    page.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&page));
+}
+
+} // namespace velko::test
