@@ -152,7 +152,7 @@ TEST_F(MapEditModelTest, BlockBringsThePaletteAndPhysicsOfItsFirstCellInEveryMod
 
 TEST_F(MapEditModelTest, FirstCellOfABlockCountsInTheOrderOfTheList)
 {
-    // Record 2 on the first screen shows block 5 in other values than the third screen does.
+    // Block 5 stands on the first screen in other values than on the third.
     game.setTile32(0, {{20, 0, 0, 0, 0x03, 0x90, 0}, {}, {20, 20, 20, 20, 0x55, 0x55, 0x55}});
     start();
     selectBlock(5);
@@ -428,7 +428,7 @@ constexpr const char* kQuestion = "Convert and Write 16x16 Map Data to ROM first
 TEST_F(MapEditModelTest, LeavingUnmodifiedAsksNothing)
 {
     const Bytes before = image();
-    model.leave();
+    EXPECT_FALSE(model.leave());
     EXPECT_EQ(image(), before);
 }
 
@@ -437,10 +437,10 @@ TEST_F(MapEditModelTest, LeavingModifiedWritesAfterYes)
     selectBlock(9);
     paint(0, 1, 3, 3);
     prompt.expectYesNo(kQuestion, test::ScriptedPrompt::Answer::kYes, MessageIcon::kQuestion);
-    model.leave();
+    EXPECT_FALSE(model.leave()); // nothing was given up
     EXPECT_EQ(cellInRom(0x8640, 3, 3), (Bytes{36, 0, 0}));
     EXPECT_FALSE(model.isModified());
-    model.leave();
+    EXPECT_FALSE(model.leave()); // without another question
 }
 
 TEST_F(MapEditModelTest, LeavingModifiedWritesNothingAfterNo)
@@ -448,10 +448,10 @@ TEST_F(MapEditModelTest, LeavingModifiedWritesNothingAfterNo)
     const Bytes before = image();
     paint(0, 1, 3, 3);
     prompt.expectYesNo(kQuestion, test::ScriptedPrompt::Answer::kNo, MessageIcon::kQuestion);
-    model.leave();
+    EXPECT_TRUE(model.leave());
     EXPECT_EQ(image(), before);
     EXPECT_FALSE(model.isModified());
-    model.leave();
+    EXPECT_FALSE(model.leave()); // without another question
 }
 
 TEST_F(MapEditModelTest, WritingAndRefreshingEndTheModification)

@@ -298,9 +298,8 @@ TEST_F(MapEditPicturesTest, CellsPastTheListLookFaded)
 
 TEST_F(MapEditPicturesTest, FadedCellsTakeTheirPlaceInTheScreen)
 {
-    game.setScreenList(1, {0x8640}); // behind the own list of the room, as position 4
     game.setScreenList(0, {0x8600, 0x8640, 0x8680});
-    game.setScreenList(2, {0x8640});
+    game.setScreenList(1, {0x8640}); // right behind it: position 4 of room 0
     start();
     state.backgroundColour = 0xFFFFFF; // a tint without effect
     const PixelImage image = map();
