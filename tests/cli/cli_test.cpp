@@ -1,0 +1,67 @@
+#include "tests/cli/cli_fixture.h"
+
+namespace velko {
+namespace {
+
+using test::CliTest;
+using test::runWords;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+TEST_F(CliTest, NoVerb)
+{
+    expectFailure(runWords({}), "no verb given (see velko-cli --help)");
+}
+
+TEST_F(CliTest, UnknownVerb)
+{
+    expectFailure(run({"paint", "demo.nes"}), "unknown verb paint (see velko-cli --help)");
+}
+
+TEST_F(CliTest, UnknownOption)
+{
+    expectFailure(run({"--paint"}), "unknown option --paint (see velko-cli --help)");
+}
+
+TEST_F(CliTest, UnknownOptionOfAVerb)
+{
+    expectFailure(run({"info", "demo.nes", "--paint"}),
+                  "The following argument was not expected: --paint (see velko-cli info --help)");
+}
+
+TEST_F(CliTest, MissingArgument)
+{
+    expectFailure(run({"info"}), "ROM is required (see velko-cli info --help)");
+}
+
+TEST_F(CliTest, HelpGoesToStandardOutput)
+{
+    const auto outcome = runWords({"--help"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out, HasSubstr("Usage: velko-cli [OPTIONS] SUBCOMMAND"));
+    EXPECT_THAT(outcome.out, HasSubstr("info"));
+}
+
+TEST_F(CliTest, HelpOfAVerb)
+{
+    const auto outcome = runWords({"info", "--help"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, HasSubstr("velko-cli info"));
+    EXPECT_THAT(outcome.out, HasSubstr("--json"));
+}
+
+TEST_F(CliTest, Version)
+{
+    const auto outcome = runWords({"--version"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "velko-cli 0.1.0\n");
+}
+
+TEST_F(CliTest, WorkFolderThatIsNotThere)
+{
+    expectFailure(runWords({"-C", "no/such", "info", "demo.nes"}), "no/such: no such folder");
+}
+
+} // namespace
+} // namespace velko
