@@ -4,6 +4,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QWidget>
 
 namespace velko {
@@ -51,9 +52,15 @@ void resizeToContents(QWidget& window, QScrollArea& scroll)
     activateLayouts(contents);
     const QSize frame(2 * scroll.frameWidth(), 2 * scroll.frameWidth());
     scroll.setMinimumSize(contents.sizeHint().expandedTo(contents.minimumSize()) + frame);
-    const QSize whole = window.sizeHint();
+    QSize whole = window.sizeHint();
     scroll.setMinimumSize(0, 0);
-    window.resize(whole.boundedTo(window.screen()->availableSize() * 0.95));
+    const QSize most = window.screen()->availableSize() * 0.95;
+    // A scroll bar takes its space from the contents.
+    if (whole.height() > most.height())
+        whole.rwidth() += scroll.verticalScrollBar()->sizeHint().width();
+    if (whole.width() > most.width())
+        whole.rheight() += scroll.horizontalScrollBar()->sizeHint().height();
+    window.resize(whole.boundedTo(most));
 }
 
 namespace {

@@ -3,7 +3,7 @@
 #include <QFrame>
 #include <QScreen>
 #include <QScrollArea>
-#include <QScrollBar>
+#include <QTest>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -106,6 +106,8 @@ TEST(ResizeToContentsTest, ContentsAreShownWholeWhereTheScreenAllows)
     contents->setMinimumSize(310, 50000);
     resizeToContents(window, *scroll);
     EXPECT_EQ(window.height(), static_cast<int>(0.95 * window.screen()->availableSize().height()));
+    QTest::qWait(0);
+    EXPECT_GE(scroll->viewport()->width(), 310) << "beside the bar";
 }
 
 } // namespace
