@@ -1,8 +1,8 @@
 #include "tools/area_editor_dialog.h"
 
 #include "app/main_dialog.h"
-#include "app/ui_common.h"
 #include "tests/gui/modal_helper.h"
+#include "tests/gui/page_support.h"
 #include "tests/support/scripted_prompt.h"
 #include "tests/support/test_rom.h"
 
@@ -17,7 +17,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 namespace velko {
 namespace {
@@ -51,19 +50,13 @@ protected:
     AreaEditorDialog& open()
     {
         dialog = std::make_unique<AreaEditorDialog>(state);
-        dialog->show();
-        dialog->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        test::showActive(*dialog);
         return *dialog;
     }
 
     template <typename Widget = QWidget> Widget& control(int id) const
     {
-        for (Widget* widget : dialog->findChildren<Widget*>()) {
-            if (widget->property(kControlId).toInt() == id)
-                return *widget;
-        }
-        throw std::runtime_error("no control " + std::to_string(id));
+        return test::controlOf<Widget>(*dialog, id);
     }
     QScrollBar& bar() const { return control<QScrollBar>(kAreaBar); }
     QComboBox& items() const { return control<QComboBox>(kClearItem); }

@@ -4,8 +4,8 @@
 #include "app/hex_edit.h"
 #include "app/main_dialog.h"
 #include "app/picture_view.h"
-#include "app/ui_common.h"
 #include "tests/gui/modal_helper.h"
+#include "tests/gui/page_support.h"
 #include "tests/support/scripted_prompt.h"
 #include "tests/tools/overworld_rom.h"
 
@@ -21,7 +21,6 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <set>
-#include <stdexcept>
 
 namespace velko {
 namespace {
@@ -116,9 +115,7 @@ protected:
         dialog.reset();
         dialog = std::make_unique<MainMapEditorDialog>(state, prompt);
         dialog->resize(1100, 720); // all of it
-        dialog->show();
-        dialog->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        test::showActive(*dialog);
         return *dialog;
     }
     void openIn(int mode)
@@ -129,11 +126,7 @@ protected:
 
     template <typename Widget = QWidget> Widget& control(int id) const
     {
-        for (Widget* widget : dialog->findChildren<Widget*>()) {
-            if (widget->property(kControlId).toInt() == id)
-                return *widget;
-        }
-        throw std::runtime_error("no control " + std::to_string(id));
+        return test::controlOf<Widget>(*dialog, id);
     }
     QSlider& slider(int id) const { return control<QSlider>(id); }
     HexEdit& edit(int id) const { return control<HexEdit>(id); }

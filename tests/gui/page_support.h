@@ -20,15 +20,21 @@ template <typename Widget = QWidget> Widget& controlOf(const QWidget& window, in
     throw std::runtime_error("no control " + std::to_string(id));
 }
 
+// Shows a window and waits until it has the focus.
+inline void showActive(QWidget& window)
+{
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
 // Shows a new page in a window of its own, active and of this size.
 inline void showPage(Page& page, QSize size)
 {
     page.setup();
     page.refresh();
     page.resize(size);
-    page.show();
-    page.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&page));
+    showActive(page);
 }
 
 } // namespace velko::test

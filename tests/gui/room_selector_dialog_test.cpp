@@ -2,8 +2,8 @@
 
 #include "app/main_dialog.h"
 #include "app/picture_view.h"
-#include "app/ui_common.h"
 #include "tests/gui/modal_helper.h"
+#include "tests/gui/page_support.h"
 #include "tests/pages/map_layout_rom.h"
 #include "tests/support/scripted_prompt.h"
 
@@ -53,9 +53,7 @@ protected:
         dialog = std::make_unique<RoomSelectorDialog>(state, room);
         // The screen of the tests is smaller than all thumbnails.
         dialog->resize(1000, 640);
-        dialog->show();
-        dialog->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        test::showActive(*dialog);
         return *dialog;
     }
 
