@@ -96,7 +96,7 @@ TEST_F(DoorModelTest, SlotsPerRoomAreTheModules)
     } rows[] = {{0, 3}, {1, 5}, {4, 11}, {255, 513}, {0x80000000, 3}};
     for (const auto& row : rows) {
         game.config.setValue(MiscField::roomEntrances, row.perRoom);
-        game.config.setValue(MiscField::roomExits, row.perRoom);
+        game.config.setValue(MiscField::roomExits, row.perRoom + 1); // two bytes on, in room 2
         open(kHuge);
         model.selectEntrance(3);
         model.selectExit(3);
@@ -106,8 +106,8 @@ TEST_F(DoorModelTest, SlotsPerRoomAreTheModules)
         Bytes expected = game.bytes;
         expected[kScreenTable + row.offset] = 0x10;
         expected[kBlockTable + row.offset] = 0x00;
-        expected[kExitRoomTable + row.offset] = 9;
-        expected[kExitEntranceTable + row.offset] = 7;
+        expected[kExitRoomTable + row.offset + 2] = 9;
+        expected[kExitEntranceTable + row.offset + 2] = 7;
         EXPECT_EQ(image(), expected) << row.perRoom;
         EXPECT_EQ(model.exitRoom(), 9);
     }
