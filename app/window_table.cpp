@@ -8,6 +8,7 @@
 #include "pages/map_editing_page.h"
 #include "pages/map_layout_page.h"
 #include "pages/miscellaneous_page.h"
+#include "pages/unit_placement_page.h"
 #include "tools/area_editor_dialog.h"
 #include "tools/main_map_editor_dialog.h"
 #include "tools/room_selector_dialog.h"
@@ -15,17 +16,6 @@
 namespace velko {
 
 namespace {
-
-class EmptyPage : public Page {
-public:
-    explicit EmptyPage(QWidget* parent) : Page(parent) { }
-    void refresh() override { }
-};
-
-Page* makeEmptyPage(const WindowContext&, QWidget* parent)
-{
-    return new EmptyPage(parent);
-}
 
 Page* makeMapLayoutPage(const WindowContext& context, QWidget* parent)
 {
@@ -50,6 +40,11 @@ Page* makePalettePage(const WindowContext& context, QWidget* parent)
 Page* makeDoorPlacementPage(const WindowContext& context, QWidget* parent)
 {
     return new DoorPlacementPage(context.state, parent);
+}
+
+Page* makeUnitPlacementPage(const WindowContext& context, QWidget* parent)
+{
+    return new UnitPlacementPage(context.state, context.prompt, parent);
 }
 
 Page* makeMiscellaneousPage(const WindowContext& context, QWidget* parent)
@@ -93,7 +88,7 @@ WindowTable editorWindows()
                 {"Map layout ", makeMapLayoutPage},
                 {"Map editing ", makeMapEditingPage},
                 {"Door placement ", makeDoorPlacementPage},
-                {"Unit placement ", makeEmptyPage},
+                {"Unit placement ", makeUnitPlacementPage},
                 {"Tile allocation ", makeTileAllocationPage},
                 {"Palette ", makePalettePage},
                 {"Miscellaneous ", makeMiscellaneousPage},

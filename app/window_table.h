@@ -40,8 +40,7 @@ struct WindowTable {
     ToolTable tools;
 };
 
-// The windows of this program, pages in tab order. A page that does not exist yet is an empty
-// one.
+// The windows of this program, pages in tab order.
 WindowTable editorWindows();
 
 } // namespace velko
