@@ -1,12 +1,16 @@
-// velko-pictures WORKDIR ROM OUTDIR: opens the editor on every tab and writes a PNG of each
-// window, for machines without a display and for the documentation.
+// velko-pictures WORKDIR ROM OUTDIR: opens the editor on every tab and every tool window and writes
+// a PNG of each, for machines without a display and for the documentation.
 
 #include "app/editor_app.h"
 #include "app/init_instance.h"
 #include "app/main_dialog.h"
 #include "app/text.h"
+#include "tools/area_editor_dialog.h"
+#include "tools/main_map_editor_dialog.h"
+#include "tools/room_selector_dialog.h"
 
 #include <QApplication>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <cstdlib>
 #include <iostream>
@@ -19,6 +23,8 @@ using namespace velko;
 
 // The same on every machine, whatever its screen.
 constexpr QSize kWindowSize(1220, 760);
+constexpr QSize kRoomSelectorSize(1000, 572);
+constexpr QSize kMapEditorSize(1062, 678);
 
 // Whatever the editor would ask or tell goes to standard error; every question is declined.
 class PrintingPrompt : public UserPrompt {
@@ -89,6 +95,30 @@ bool writeAllPictures(MainDialog& window, const std::set<std::uint32_t>& rooms,
     return written;
 }
 
+bool writeTool(QDialog& tool, QSize size, const std::filesystem::path& file)
+{
+    tool.resize(size.expandedTo(tool.minimumSizeHint()));
+    tool.show();
+    return writePicture(tool, file);
+}
+
+// The tool windows on room 0; the overworld editor once for each thing that it edits.
+bool writeToolPictures(EditorState& state, UserPrompt& prompt, const std::filesystem::path& folder)
+{
+    state.graphics.selectRoom(0);
+    RoomSelectorDialog rooms(state, 0);
+    bool written = writeTool(rooms, kRoomSelectorSize, folder / "room-selector.png");
+    AreaEditorDialog areas(state);
+    written = writeTool(areas, areas.sizeHint(), folder / "area-editor.png") && written;
+    MainMapEditorDialog overworld(state, prompt);
+    for (const char* mode : {"tile", "area", "truck"}) {
+        overworld.findChild<QRadioButton*>(QString(mode) + "Radio")->click();
+        const std::string name = std::string("main-map-editor-") + mode + ".png";
+        written = writeTool(overworld, kMapEditorSize, folder / name) && written;
+    }
+    return written;
+}
+
 std::uint32_t largestRoom(const EditorState& state)
 {
     std::uint32_t largest = 0;
@@ -124,7 +154,9 @@ int writePictures(const std::filesystem::path& workFolder, const std::filesystem
     window.resize(kWindowSize);
     window.show();
     const std::set<std::uint32_t> rooms = {0, largestRoom(app.state())};
-    return writeAllPictures(window, rooms, outFolder) ? EXIT_SUCCESS : EXIT_FAILURE;
+    bool written = writeAllPictures(window, rooms, outFolder);
+    written = writeToolPictures(app.state(), prompt, outFolder) && written;
+    return written ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace

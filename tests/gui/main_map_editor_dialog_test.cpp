@@ -375,6 +375,15 @@ TEST_F(MainMapEditorDialogTest, EditEndsUpWithItsDigit)
     EXPECT_EQ(bytesAt(overworld::kMovement + 12, 2), (Bytes{0xD2, 0xF0}));
 }
 
+TEST_F(MainMapEditorDialogTest, EnterEndsTypingAndNotTheWindow)
+{
+    openIn(kAreaMode);
+    type(kPreview, "12");
+    QTest::keyClick(&edit(kPreview), Qt::Key_Return);
+    EXPECT_EQ(textOf(kPreview), "2");
+    EXPECT_TRUE(dialog->isVisible());
+}
+
 TEST_F(MainMapEditorDialogTest, SpinsStepTheirSprites)
 {
     openIn(kAreaMode);

@@ -156,9 +156,11 @@ TEST(PicturesProgram, WritesAPictureOfEveryTabForTheFirstAndTheLargestRoom)
                      kOffscreen);
     EXPECT_EQ(pictures.status(), 0) << pictures.errors().toStdString();
     const QDir written(QString::fromStdString(out));
-    EXPECT_EQ(written.entryList(QDir::Files).size(), 18);
+    EXPECT_EQ(written.entryList(QDir::Files).size(), 23);
     EXPECT_FALSE(QImage(written.filePath("map-allocation-room-0.png")).isNull());
     EXPECT_FALSE(QImage(written.filePath("data-management-room-1.png")).isNull());
+    EXPECT_FALSE(QImage(written.filePath("room-selector.png")).isNull());
+    EXPECT_FALSE(QImage(written.filePath("main-map-editor-truck.png")).isNull());
 }
 
 TEST(PicturesProgram, FailsOnARomItCannotRead)
