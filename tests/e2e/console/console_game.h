@@ -1,8 +1,8 @@
 #pragma once
 
 #include "gfx/pixel_image.h"
-#include "tests/console/console.h"
 #include "tests/demo/demo_game.h"
+#include "tests/e2e/console/console.h"
 #include "tests/support/temporary_folder.h"
 
 #include <cstdint>

@@ -4,7 +4,7 @@
 #include "pages/map_edit_model.h"
 #include "pages/map_layout_model.h"
 #include "pages/unit_placement_model.h"
-#include "tests/console/console_game.h"
+#include "tests/e2e/console/console_game.h"
 #include "tests/support/scripted_prompt.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "tests/console/console_game.h"
+#include "tests/e2e/console/console_game.h"
 
 #include "rom/file_io.h"
 

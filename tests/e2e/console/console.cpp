@@ -1,4 +1,4 @@
-#include "tests/console/console.h"
+#include "tests/e2e/console/console.h"
 
 #include <libretro-common/libretro.h>
 
