@@ -134,7 +134,8 @@ Console::Console(const std::filesystem::path& core, std::span<const std::uint8_t
 
     m_core->systemFolder = systemFolder.string();
     m_core->rom.assign(rom.begin(), rom.end());
-    m_core->library = dlopen(core.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // Stays loaded, so that what it leaks can be told from our own leaks by its name.
+    m_core->library = dlopen(core.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (m_core->library == nullptr)
         throw std::runtime_error(dlerror());
     Core::running = m_core.get();
