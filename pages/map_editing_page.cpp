@@ -67,8 +67,10 @@ void MapEditingPage::fitTexts()
     int width = 0;
     for (const MapEditMode mode : kModes) {
         const MapEditHints& hints = mapEditHints(mode);
-        for (const std::string_view hint : {hints.select, hints.modify, hints.copy})
-            width = std::max(width, fontMetrics().horizontalAdvance(toQString(hint)));
+        for (const std::string_view hint : {hints.select, hints.modify, hints.copy}) {
+            m_ui->selectHint->setText(toQString(hint));
+            width = std::max(width, m_ui->selectHint->sizeHint().width());
+        }
     }
     m_ui->selectHint->setMinimumWidth(width);
 }

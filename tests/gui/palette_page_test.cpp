@@ -799,6 +799,7 @@ TEST_F(PaletteTabTest, EditsTheRoomThatTheChooserShows)
 TEST_F(PaletteTabTest, PreviewGrowsWithTheWindow)
 {
     const auto* preview = control<PictureView>("roomView");
+    QApplication::processEvents(); // the window takes the size that the page needs
     const QSize before = preview->size();
     window->resize(window->size() + QSize(320, 160));
     EXPECT_TRUE(QTest::qWaitFor(
