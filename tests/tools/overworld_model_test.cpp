@@ -462,6 +462,19 @@ TEST_F(OverworldModelTest, PatternWithoutAnEndHas256Phases)
     EXPECT_EQ(picture.width(), 468U);
 }
 
+TEST_F(OverworldModelTest, PhaseStaysInsideAPatternThatTheMapIsStoredOver)
+{
+    game.config.setValue(MiscField::ptrMapTileMap, overworld::kPatterns);
+    OverworldModel& m = openOnTruck(0);
+    m.selectPhase(2);
+    m.selectTile(0x85);
+    m.press(MapButton::kLeft, 0, 0);
+    m.setMode(OverworldMode::kTruck);
+    EXPECT_EQ(m.lastPhase(), 0);
+    EXPECT_EQ(m.phase(), 0);
+    EXPECT_EQ(m.direction(), 5);
+}
+
 // The mouse
 
 TEST_F(OverworldModelTest, CellsAre18DisplayPixelsWide)
