@@ -126,7 +126,9 @@ void MapEditingPage::connectSelector(PictureView& view, const SelectorGrid& grid
         if (direction.isNull())
             return;
         key->accept();
-        act(cellBeside(grid, selected(), direction));
+        const Point beside = cellBeside(grid, selected(), direction);
+        if (grid.cellAt(beside) != selected())
+            act(beside);
     });
 }
 

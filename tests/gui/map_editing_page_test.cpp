@@ -629,6 +629,16 @@ TEST_F(MapEditingPageTest, ArrowKeysStopAtTheLastCell)
     EXPECT_EQ(shownAt(kCell), colour(9)); // palette 2
 }
 
+TEST_F(MapEditingPageTest, ArrowKeyAtAnEdgeKeepsTheChosenPalette)
+{
+    clickTile(1);
+    clickPalette(3);
+    QTest::keyClick(&tiles(), Qt::Key_Up);
+    chooseMode(2);
+    click(kCell);
+    EXPECT_EQ(shownAt(kCell), colour(13));
+}
+
 TEST_F(MapEditingPageTest, ArrowKeysSelectPhysicsInItsMode)
 {
     EXPECT_FALSE(physics().isEnabled());
