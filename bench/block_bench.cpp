@@ -2,6 +2,7 @@
 
 #include "bench/memcpy_ratio.h"
 #include "store/block_operations.h"
+#include "tests/support/quiet_prompt.h"
 
 #include <benchmark/benchmark.h>
 
@@ -35,20 +36,6 @@ struct Game {
 
     RomImage rom;
     PointerArrayHandler handler{rom};
-};
-
-// A prompt that nobody sees.
-class NoPrompt : public UserPrompt {
-public:
-    void showMessage(std::string_view, MessageIcon) override { }
-    bool askYesNo(std::string_view, MessageIcon) override { return false; }
-    YesNoCancel askYesNoCancel(std::string_view, MessageIcon) override
-    {
-        return YesNoCancel::kCancel;
-    }
-
-protected:
-    bool confirm(std::string_view, std::string_view) override { return false; }
 };
 
 // Seconds that a memmove of `bytes` by `distance` takes, the best of several rounds.
@@ -136,7 +123,7 @@ void placeBlocks(Game& game, std::uint32_t blocks, std::uint32_t distance)
 
 template <typename Tidy> void tidy(benchmark::State& state, Game& game, Tidy operation)
 {
-    NoPrompt prompt;
+    test::QuietPrompt prompt;
     BlockOperations operations(game.handler, blockKind(RoomDataKind::kTile32), prompt);
     const std::vector<std::uint8_t> image(game.rom.bytes().begin(), game.rom.bytes().end());
     const std::int32_t freeSpace = game.handler.freeSpace();

@@ -1,7 +1,7 @@
 // The picture of the overworld map, as each change and each move of the mouse draws it again.
 
 #include "bench/memcpy_ratio.h"
-#include "tests/support/scripted_prompt.h"
+#include "tests/support/quiet_prompt.h"
 #include "tests/tools/overworld_rom.h"
 #include "tools/overworld_model.h"
 
@@ -42,7 +42,7 @@ void drawMap(benchmark::State& bench, const test::OverworldRom& game, OverworldM
 {
     EditorState state;
     game.loadInto(state);
-    test::ScriptedPrompt prompt;
+    test::QuietPrompt prompt;
     OverworldModel model(state, prompt);
     for (std::size_t i = 0; i < state.graphics.patternMemory.size(); ++i)
         state.graphics.patternMemory[i] = static_cast<std::uint8_t>(i * 167 >> 3);

@@ -1,4 +1,5 @@
 #include "tests/gfx/random_game.h"
+#include "tests/support/quiet_prompt.h"
 #include "tests/tools/overworld_rom.h"
 #include "tools/overworld_model.h"
 
@@ -9,19 +10,6 @@
 
 namespace velko {
 namespace {
-
-class QuietPrompt : public UserPrompt {
-public:
-    void showMessage(std::string_view, MessageIcon) override { }
-    bool askYesNo(std::string_view, MessageIcon) override { return false; }
-    YesNoCancel askYesNoCancel(std::string_view, MessageIcon) override
-    {
-        return YesNoCancel::kCancel;
-    }
-
-protected:
-    bool confirm(std::string_view, std::string_view) override { return false; }
-};
 
 // Most addresses lie in the image, or around its end.
 void describeOverworld(test::TestRom& game)
@@ -125,7 +113,7 @@ RC_GTEST_PROP(OverworldGarbage, AnythingCanBeOpenedEditedAndDrawn, (std::uint32_
     EditorState state;
     game.loadInto(state);
     const auto roomMemory = state.graphics.patternMemory;
-    QuietPrompt prompt;
+    test::QuietPrompt prompt;
     {
         OverworldModel model(state, prompt);
         const auto actions = *rc::gen::inRange(0, 40);
