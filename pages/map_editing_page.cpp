@@ -64,15 +64,18 @@ MapEditingPage::~MapEditingPage() = default;
 void MapEditingPage::fitTexts()
 {
     m_ui->statusLabel->setMinimumHeight(m_ui->statusLabel->fontMetrics().height());
+    QLabel& label = *m_ui->selectHint;
+    const QString shown = label.text();
     int width = 0;
     for (const MapEditMode mode : kModes) {
         const MapEditHints& hints = mapEditHints(mode);
         for (const std::string_view hint : {hints.select, hints.modify, hints.copy}) {
-            m_ui->selectHint->setText(toQString(hint));
-            width = std::max(width, m_ui->selectHint->sizeHint().width());
+            label.setText(toQString(hint));
+            width = std::max(width, label.sizeHint().width());
         }
     }
-    m_ui->selectHint->setMinimumWidth(width);
+    label.setMinimumWidth(width);
+    label.setText(shown);
 }
 
 void MapEditingPage::setup()

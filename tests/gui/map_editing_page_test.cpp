@@ -226,8 +226,8 @@ TEST_F(MapEditingPageTest, LongHintsFitInEveryModeAndMoveNothing)
     font.setPointSizeF(font.pointSizeF() * 1.8); // the longest hint is wider than the map
     page->setFont(font);
     page->resize(1600, 900);
-    chooseMode(0);
     QApplication::processEvents();
+    EXPECT_EQ(text("selectHint"), "Left button : Select Tile with associated Palette and Physics.");
     const QPoint before = tiles().mapTo(page.get(), QPoint());
     for (const int mode : {1, 2, 3, 0}) {
         chooseMode(mode);
