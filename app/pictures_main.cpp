@@ -71,7 +71,9 @@ QString pictureName(const QString& tab, std::uint32_t room)
 
 bool writePicture(QWidget& window, const std::filesystem::path& file)
 {
-    QApplication::processEvents();
+    // Nested layouts settle from the inside out, one in each round.
+    for (int round = 0; round < 4; ++round)
+        QApplication::processEvents();
     if (window.grab().save(pathText(file)))
         return true;
     std::cerr << "Cannot write " << file.filename().string() << '\n';
