@@ -240,9 +240,13 @@ bool UnitPlacementPage::belongsToAnotherControl(QPoint globalPoint) const
 // A move of the mouse comes to the window first, once, then to widgets that follow it.
 bool UnitPlacementPage::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseMove && m_model.isMoving()
-        && watched == window()->windowHandle())
-        movePointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+    if (m_model.isMoving()) {
+        if (event->type() == QEvent::MouseMove && watched == window()->windowHandle())
+            movePointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+        // A pointer that rests at the border scrolls the view; its tip would cover that.
+        if (event->type() == QEvent::ToolTip)
+            return true;
+    }
     return Page::eventFilter(watched, event);
 }
 

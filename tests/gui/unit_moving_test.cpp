@@ -3,7 +3,9 @@
 #include "tests/gui/unit_page_fixture.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLayout>
+#include <QToolTip>
 
 namespace velko {
 namespace {
@@ -151,6 +153,21 @@ TEST_F(UnitMovingTest, MovedSpriteGlows)
     EXPECT_EQ(at(132, 62), 0x652519U);
     press(130, 60);
     EXPECT_EQ(at(132, 64), colour(19));
+}
+
+TEST_F(UnitMovingTest, NoTipCoversTheViewMeanwhile)
+{
+    const auto showTip = [this] {
+        QHelpEvent help(QEvent::ToolTip, view().rect().center(),
+                        view().mapToGlobal(view().rect().center()));
+        QApplication::sendEvent(&view(), &help);
+        return QToolTip::isVisible();
+    };
+    press(130, 60);
+    EXPECT_FALSE(showTip());
+    press(130, 60);
+    EXPECT_TRUE(showTip());
+    QToolTip::hideText();
 }
 
 // Scrolling at the border
