@@ -66,6 +66,8 @@ int main(int argc, char** argv)
     if (answered(parseCommandLine(arguments))) // also where there is no display
         return 0;
 
+    // Every place that the mouse passes counts: a fast stroke must not leave cells out.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("Velko");
     QCoreApplication::setApplicationVersion(VELKO_VERSION);
