@@ -111,7 +111,8 @@ void RoomSelectorDialog::pressKey(int slot, QKeyEvent& key)
         return;
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-        return scrollByKey(key, *m_ui->pageBar, *m_ui->pageBar);
+        // Not on to the scroll area, which would take it for itself.
+        return keyPressEvent(&key);
     default:
         break;
     }
@@ -133,6 +134,15 @@ void RoomSelectorDialog::closeEvent(QCloseEvent* event)
 {
     m_closedByCaption = true;
     QDialog::closeEvent(event);
+}
+
+// Wherever the focus is, these keys turn the pages.
+void RoomSelectorDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
+        scrollByKey(*event, *m_ui->pageBar, *m_ui->pageBar);
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void RoomSelectorDialog::mouseReleaseEvent(QMouseEvent* event)

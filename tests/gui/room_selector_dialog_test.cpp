@@ -234,6 +234,11 @@ TEST_F(RoomSelectorDialogTest, PagesFollowTheThumbKeysAndWheel)
     QTest::keyClick(&thumbnail(0), Qt::Key_PageUp);
     QTest::keyClick(&thumbnail(0), Qt::Key_PageUp);
     expectPage(4);
+    back().setFocus();
+    QTest::keyClick(&back(), Qt::Key_PageDown);
+    expectPage(5);
+    QTest::keyClick(&back(), Qt::Key_PageUp);
+    expectPage(4);
     turnWheel(1);
     expectPage(5);
     turnWheel(-1);
