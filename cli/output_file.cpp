@@ -60,6 +60,8 @@ private:
 
 std::optional<std::string> writeFile(const fs::path& path, std::span<const std::uint8_t> bytes)
 {
+    if (path.filename().empty()) // nothing, or a folder
+        return path.empty() ? "no file name given" : utf8FromPath(path) + ": is no regular file";
     const std::string name = utf8FromPath(path);
     std::error_code error;
     fs::path target = fs::canonical(path, error); // fails where nothing is there yet

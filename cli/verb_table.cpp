@@ -1,5 +1,6 @@
 #include "cli/verb.h"
 #include "cli/verb_info.h"
+#include "cli/verb_module.h"
 
 namespace velko {
 
@@ -9,6 +10,7 @@ namespace {
 constexpr VerbEntry kVerbs[] = {
     {"info", "Tell what a ROM holds: its size, banks and rooms, and the use of each region",
      makeInfoVerb},
+    {"module", "Check a module's data.yaml for what the editor would misread", makeModuleVerb},
 };
 
 } // namespace

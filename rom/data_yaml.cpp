@@ -55,11 +55,17 @@ std::string_view traceText(yaml_event_type_t type)
     return "Now YAML reading ends.";
 }
 
+YamlMark markOf(const yaml_mark_t& mark)
+{
+    return {mark.line + 1, mark.column + 1};
+}
+
 // Walks the events of one `data.yaml` and fills the configuration.
 class Reader {
 public:
-    Reader(YamlEvents& events, GameConfig& config, UserPrompt& prompt, const TraceSink& trace)
-        : m_events(events), m_config(config), m_prompt(prompt), m_trace(trace)
+    Reader(YamlEvents& events, GameConfig& config, UserPrompt& prompt, const TraceSink& trace,
+           DataYamlObserver* observer)
+        : m_events(events), m_config(config), m_prompt(prompt), m_trace(trace), m_observer(observer)
     {
     }
 
@@ -77,6 +83,8 @@ public:
                 return DataYamlResult::kQuit;
             }
         }
+        if (m_observer != nullptr)
+            m_observer->malformed(markOf(m_events.problemMark()), m_events.problem());
         m_prompt.showError(kMalformed);
         return DataYamlResult::kDone;
     }
@@ -89,10 +97,13 @@ private:
         switch (event.type) {
         case YAML_STREAM_START_EVENT:
         case YAML_DOCUMENT_START_EVENT:
+            return Step::kGoOn;
         case YAML_ALIAS_EVENT:
+            if (m_observer != nullptr)
+                m_observer->alias(markOf(event.start_mark));
             return Step::kGoOn;
         case YAML_SCALAR_EVENT:
-            return takeScalar(scalarOf(event));
+            return takeScalar(scalarOf(event), markOf(event.start_mark));
         case YAML_SEQUENCE_START_EVENT:
             m_cursor.inSequence = true;
             return Step::kGoOn;
@@ -113,13 +124,24 @@ private:
         return Step::kEnd;
     }
 
-    Step takeScalar(std::string_view scalar)
+    Step takeScalar(std::string_view scalar, YamlMark mark)
     {
-        // A key is a key even where a value is due.
-        if (matchKey(scalar, m_config, m_cursor)
-            || parseValue(scalar, m_cursor.inSequence, m_cursor.target))
+        const YamlScalarUse use = apply(scalar);
+        if (m_observer != nullptr)
+            m_observer->scalar(scalar, mark, use, m_cursor);
+        if (use != YamlScalarUse::kNeither)
             return Step::kGoOn;
         return m_prompt.askOkCancel(kUnknownScalar, scalar) == 0 ? Step::kGoOn : Step::kQuit;
+    }
+
+    YamlScalarUse apply(std::string_view scalar)
+    {
+        // A key is a key even where a value is due.
+        if (matchKey(scalar, m_config, m_cursor))
+            return YamlScalarUse::kKey;
+        if (parseValue(scalar, m_cursor.inSequence, m_cursor.target))
+            return YamlScalarUse::kValue;
+        return YamlScalarUse::kNeither;
     }
 
     void trace(std::string_view text, std::string_view scalar = {}) const
@@ -132,6 +154,7 @@ private:
     GameConfig& m_config;
     UserPrompt& m_prompt;
     const TraceSink& m_trace;
+    DataYamlObserver* m_observer;
     YamlCursor m_cursor;
 };
 
@@ -144,7 +167,8 @@ DataYamlResult stop(UserPrompt& prompt, std::string_view text)
 // The text of a file, or nothing when it could not be loaded.
 using Text = std::optional<std::span<const std::uint8_t>>;
 
-DataYamlResult readText(Text text, GameConfig& config, UserPrompt& prompt, const TraceSink& trace)
+DataYamlResult readText(Text text, GameConfig& config, UserPrompt& prompt, const TraceSink& trace,
+                        DataYamlObserver* observer)
 {
     YamlEvents events;
     if (!events.isReady())
@@ -152,7 +176,7 @@ DataYamlResult readText(Text text, GameConfig& config, UserPrompt& prompt, const
     if (!text)
         return stop(prompt, kNoFile);
     events.setInput(*text);
-    return Reader(events, config, prompt, trace).read();
+    return Reader(events, config, prompt, trace, observer).read();
 }
 
 } // namespace
@@ -161,13 +185,13 @@ DataYamlResult loadDataYaml(const std::filesystem::path& path, GameConfig& confi
                             UserPrompt& prompt, const TraceSink& trace)
 {
     const auto bytes = loadFile(path);
-    return readText(bytes ? Text(*bytes) : std::nullopt, config, prompt, trace);
+    return readText(bytes ? Text(*bytes) : std::nullopt, config, prompt, trace, nullptr);
 }
 
 DataYamlResult readDataYaml(std::span<const std::uint8_t> text, GameConfig& config,
-                            UserPrompt& prompt, const TraceSink& trace)
+                            UserPrompt& prompt, const TraceSink& trace, DataYamlObserver* observer)
 {
-    return readText(text, config, prompt, trace);
+    return readText(text, config, prompt, trace, observer);
 }
 
 } // namespace velko

@@ -3,6 +3,7 @@
 #include "rom/game_config.h"
 #include "rom/trace.h"
 #include "rom/user_prompt.h"
+#include "rom/yaml_observer.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -23,8 +24,9 @@ inline constexpr int kDeepestNesting = 1000;
 // read so far; a scalar that is neither key nor value asks whether to go on.
 DataYamlResult loadDataYaml(const std::filesystem::path& path, GameConfig& config,
                             UserPrompt& prompt, const TraceSink& trace);
-// The same from memory.
+// The same from memory. An `observer` is told of every scalar.
 DataYamlResult readDataYaml(std::span<const std::uint8_t> text, GameConfig& config,
-                            UserPrompt& prompt, const TraceSink& trace);
+                            UserPrompt& prompt, const TraceSink& trace,
+                            DataYamlObserver* observer = nullptr);
 
 } // namespace velko

@@ -54,6 +54,20 @@ const yaml_event_t* YamlEvents::next()
     return &m_event;
 }
 
+const char* YamlEvents::problem() const
+{
+    if (m_parser.error == YAML_NO_ERROR)
+        return "nested too deeply, or too many tag directives";
+    return m_parser.problem != nullptr ? m_parser.problem : "not enough memory";
+}
+
+yaml_mark_t YamlEvents::problemMark() const
+{
+    const bool hasOwnMark =
+        m_parser.error == YAML_SCANNER_ERROR || m_parser.error == YAML_PARSER_ERROR;
+    return hasOwnMark ? m_parser.problem_mark : m_parser.mark;
+}
+
 bool YamlEvents::isWithinLimits()
 {
     if (m_event.type == YAML_SEQUENCE_START_EVENT || m_event.type == YAML_MAPPING_START_EVENT)

@@ -24,6 +24,10 @@ public:
     // or refused.
     const yaml_event_t* next();
 
+    // Why and where next() returned null.
+    const char* problem() const;
+    yaml_mark_t problemMark() const;
+
 private:
     bool isWithinLimits();
 

@@ -2,34 +2,30 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
+#include <type_traits>
+#include <utility>
 
 namespace velko {
 
 namespace {
 
-// Where a key is known.
-enum class Place : std::uint8_t {
-    kRootMapping,
-    kLevelHandlers,
-    kOtherHandlers,
-    kAnyHandlers,
-    kHandlerBanks,
-};
-
-bool isAt(Place place, const YamlCursor& cursor)
+bool isAt(YamlPlace place, const YamlCursor& cursor)
 {
     switch (place) {
-    case Place::kRootMapping:
+    case YamlPlace::kRootMapping:
         return cursor.mappingDepth == 0;
-    case Place::kLevelHandlers:
+    case YamlPlace::kLevelHandlers:
         return cursor.section == YamlSection::kLevelHandlers;
-    case Place::kOtherHandlers:
+    case YamlPlace::kOtherHandlers:
         return cursor.section == YamlSection::kOtherHandlers;
-    case Place::kAnyHandlers:
+    case YamlPlace::kAnyHandlers:
         return cursor.section == YamlSection::kLevelHandlers
             || cursor.section == YamlSection::kOtherHandlers;
-    case Place::kHandlerBanks:
+    case YamlPlace::kHandlerBanks:
         return cursor.section == YamlSection::kHandlerBanks;
+    case YamlPlace::kMiscData:
+        return cursor.section == YamlSection::kMiscData;
     }
     return false;
 }
@@ -71,9 +67,13 @@ template <auto pair> void aimAtBanks(GameConfig& config, YamlCursor& cursor)
     cursor.target = YamlTarget(std::span(config.*pair));
 }
 
+// How many fields a table or pair has.
+template <auto table>
+constexpr auto kFieldsOf = static_cast<std::uint32_t>(
+    std::tuple_size_v<std::remove_cvref_t<decltype(std::declval<GameConfig>().*table)>>);
+
 struct Key {
-    std::string_view name;
-    Place place;
+    YamlKey key;
     void (*apply)(GameConfig&, YamlCursor&);
 };
 
@@ -81,35 +81,46 @@ using Handler = PointerArrayDescriptor;
 
 // The first row that fits wins.
 constexpr Key kKeys[] = {
-    {"levelPointerArrayHandlers", Place::kRootMapping, enterSection<YamlSection::kLevelHandlers>},
-    {"otherPointerArrayHandlers", Place::kRootMapping, enterSection<YamlSection::kOtherHandlers>},
-    {"pointerHandlersBanks", Place::kRootMapping, enterSection<YamlSection::kHandlerBanks>},
-    {"miscData", Place::kRootMapping, enterSection<YamlSection::kMiscData>},
+    {{"levelPointerArrayHandlers", YamlPlace::kRootMapping, 0},
+     enterSection<YamlSection::kLevelHandlers>},
+    {{"otherPointerArrayHandlers", YamlPlace::kRootMapping, 0},
+     enterSection<YamlSection::kOtherHandlers>},
+    {{"pointerHandlersBanks", YamlPlace::kRootMapping, 0},
+     enterSection<YamlSection::kHandlerBanks>},
+    {{"miscData", YamlPlace::kRootMapping, 0}, enterSection<YamlSection::kMiscData>},
 
-    {"unitSpriteReg", Place::kRootMapping, aimAtTable<&GameConfig::unitSpriteReg>},
-    {"unitSpriteAddress", Place::kRootMapping, aimAtTable<&GameConfig::unitSpriteAddress>},
-    {"gameMapTileChunks", Place::kRootMapping, aimAtTable<&GameConfig::gameMapTileChunks>},
-    {"itemInGameSpriteAddress", Place::kRootMapping,
+    {{"unitSpriteReg", YamlPlace::kRootMapping, kFieldsOf<&GameConfig::unitSpriteReg>},
+     aimAtTable<&GameConfig::unitSpriteReg>},
+    {{"unitSpriteAddress", YamlPlace::kRootMapping, kFieldsOf<&GameConfig::unitSpriteAddress>},
+     aimAtTable<&GameConfig::unitSpriteAddress>},
+    {{"gameMapTileChunks", YamlPlace::kRootMapping, kFieldsOf<&GameConfig::gameMapTileChunks>},
+     aimAtTable<&GameConfig::gameMapTileChunks>},
+    {{"itemInGameSpriteAddress", YamlPlace::kRootMapping,
+      kFieldsOf<&GameConfig::itemInGameSpriteAddress>},
      aimAtTable<&GameConfig::itemInGameSpriteAddress>},
 
-    {"pahMapAlloc", Place::kLevelHandlers, chooseHandler<&GameConfig::pahMapAlloc>},
-    {"pahTileLoad", Place::kLevelHandlers, chooseHandler<&GameConfig::pahTileLoad>},
-    {"pahPal", Place::kLevelHandlers, chooseHandler<&GameConfig::pahPal>},
-    {"pahMapLayout", Place::kLevelHandlers, chooseHandler<&GameConfig::pahMapLayout>},
-    {"pahTile32", Place::kLevelHandlers, chooseHandler<&GameConfig::pahTile32>},
-    {"pahUnit", Place::kLevelHandlers, chooseHandler<&GameConfig::pahUnit>},
-    {"pahTileLoadType2", Place::kLevelHandlers, chooseHandler<&GameConfig::pahTileLoadType2>},
-    {"pahMapAreaMovement", Place::kOtherHandlers, chooseHandler<&GameConfig::pahMapAreaMovement>},
+    {{"pahMapAlloc", YamlPlace::kLevelHandlers, 0}, chooseHandler<&GameConfig::pahMapAlloc>},
+    {{"pahTileLoad", YamlPlace::kLevelHandlers, 0}, chooseHandler<&GameConfig::pahTileLoad>},
+    {{"pahPal", YamlPlace::kLevelHandlers, 0}, chooseHandler<&GameConfig::pahPal>},
+    {{"pahMapLayout", YamlPlace::kLevelHandlers, 0}, chooseHandler<&GameConfig::pahMapLayout>},
+    {{"pahTile32", YamlPlace::kLevelHandlers, 0}, chooseHandler<&GameConfig::pahTile32>},
+    {{"pahUnit", YamlPlace::kLevelHandlers, 0}, chooseHandler<&GameConfig::pahUnit>},
+    {{"pahTileLoadType2", YamlPlace::kLevelHandlers, 0},
+     chooseHandler<&GameConfig::pahTileLoadType2>},
+    {{"pahMapAreaMovement", YamlPlace::kOtherHandlers, 0},
+     chooseHandler<&GameConfig::pahMapAreaMovement>},
 
-    {"pBank", Place::kAnyHandlers, aimAtHandlerField<&Handler::pBank>},
-    {"pMemStart", Place::kAnyHandlers, aimAtHandlerField<&Handler::pMemStart>},
-    {"pMemEdge", Place::kAnyHandlers, aimAtHandlerField<&Handler::pMemEdge>},
-    {"dEdge", Place::kAnyHandlers, aimAtHandlerField<&Handler::dEdge>},
-    {"dBank", Place::kAnyHandlers, aimAtHandlerPair<&Handler::dBank>},
-    {"pointerPad", Place::kAnyHandlers, aimAtHandlerField<&Handler::pointerPad>},
+    {{"pBank", YamlPlace::kAnyHandlers, 1}, aimAtHandlerField<&Handler::pBank>},
+    {{"pMemStart", YamlPlace::kAnyHandlers, 1}, aimAtHandlerField<&Handler::pMemStart>},
+    {{"pMemEdge", YamlPlace::kAnyHandlers, 1}, aimAtHandlerField<&Handler::pMemEdge>},
+    {{"dEdge", YamlPlace::kAnyHandlers, 1}, aimAtHandlerField<&Handler::dEdge>},
+    {{"dBank", YamlPlace::kAnyHandlers, 2}, aimAtHandlerPair<&Handler::dBank>},
+    {{"pointerPad", YamlPlace::kAnyHandlers, 1}, aimAtHandlerField<&Handler::pointerPad>},
 
-    {"phSprite", Place::kHandlerBanks, aimAtBanks<&GameConfig::phSprite>},
-    {"phMapScreenData", Place::kHandlerBanks, aimAtBanks<&GameConfig::phMapScreenData>},
+    {{"phSprite", YamlPlace::kHandlerBanks, kFieldsOf<&GameConfig::phSprite>},
+     aimAtBanks<&GameConfig::phSprite>},
+    {{"phMapScreenData", YamlPlace::kHandlerBanks, kFieldsOf<&GameConfig::phMapScreenData>},
+     aimAtBanks<&GameConfig::phMapScreenData>},
 };
 
 // The keys of `miscData`, in the order of MiscField.
@@ -167,13 +178,23 @@ bool matchMiscKey(std::string_view scalar, GameConfig& config, YamlCursor& curso
 
 bool matchKey(std::string_view scalar, GameConfig& config, YamlCursor& cursor)
 {
-    for (const Key& key : kKeys) {
+    for (const auto& [key, apply] : kKeys) {
         if (key.name == scalar && isAt(key.place, cursor)) {
-            key.apply(config, cursor);
+            apply(config, cursor);
             return true;
         }
     }
-    return cursor.section == YamlSection::kMiscData && matchMiscKey(scalar, config, cursor);
+    return isAt(YamlPlace::kMiscData, cursor) && matchMiscKey(scalar, config, cursor);
+}
+
+std::vector<YamlKey> yamlKeys()
+{
+    std::vector<YamlKey> keys;
+    for (const Key& row : kKeys)
+        keys.push_back(row.key);
+    for (const std::string_view name : kMiscKeys)
+        keys.push_back({name, YamlPlace::kMiscData, 1});
+    return keys;
 }
 
 } // namespace velko

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace velko {
 
@@ -15,6 +16,22 @@ enum class YamlSection : std::uint8_t {
     kOtherHandlers,
     kMiscData,
     kHandlerBanks,
+};
+
+// Where a key is known.
+enum class YamlPlace : std::uint8_t {
+    kRootMapping,
+    kLevelHandlers,
+    kOtherHandlers,
+    kAnyHandlers,
+    kHandlerBanks,
+    kMiscData,
+};
+
+struct YamlKey {
+    std::string_view name;
+    YamlPlace place;
+    std::uint32_t fields; // how many values it can take; 0 for sections and handlers
 };
 
 // How far the reading of `data.yaml` has come. The file is read as a flat stream of scalars, so
@@ -31,5 +48,9 @@ struct YamlCursor {
 // Takes a scalar as a key where the cursor stands: aims the cursor at what it names in `config`.
 // Returns false, changing nothing, when it is no key here. Keys are case-sensitive.
 bool matchKey(std::string_view scalar, GameConfig& config, YamlCursor& cursor);
+
+// Every key there is, in the order in which matchKey() tries them. Those of `miscData` come last
+// and in storage order.
+std::vector<YamlKey> yamlKeys();
 
 } // namespace velko

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "state/editor_state.h"
+
+#include <cstdint>
+#include <map>
+#include <string_view>
+#include <vector>
+
+namespace velko {
+
+// A block of a region, and who points at it.
+struct RegionBlock {
+    std::uint32_t length = 0; // bytes; of entries that disagree, the largest
+    std::vector<std::uint32_t> entries;
+};
+
+// How the blocks of one kind lie in their region.
+struct RegionUse {
+    std::string_view key;                        // as in data.yaml
+    std::uint32_t tableOffset = 0;               // in the file
+    std::uint32_t entries = 0;                   // of the table; rooms come first
+    std::uint32_t entriesPassed = 0;             // entries that were looked at
+    std::map<std::uint16_t, RegionBlock> blocks; // by CPU address; without those of length 0
+    std::uint32_t usedBytes = 0;   // that belong to a block, counted once where blocks overlap
+    std::uint32_t unusedBytes = 0; // between the lowest block and the end of the highest, in none
+    // What the editor shows as free, above the highest block: by its rules, which look at the
+    // first two bytes of the highest unit list only. May be negative.
+    std::int32_t freeBytes = 0;
+
+    // Blocks that several entries point at.
+    std::uint32_t sharedBlocks() const;
+};
+
+// A table with more entries than this is damaged or misdescribed; the rest is passed over.
+inline constexpr std::uint32_t kMostEntries = 1024;
+
+// The use of all eight regions, those of the rooms first. Selects area 0 in the area movement and
+// computes its free space, as the overworld's window does.
+std::vector<RegionUse> regionUses(EditorState& state);
+
+} // namespace velko
