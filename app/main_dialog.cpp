@@ -141,7 +141,7 @@ void MainDialog::connectTools()
     connectTool(m_ui->areaEditorAction, m_ui->areaEditorButton, bool(tools.areaEditor),
                 [this] { m_windows.tools.areaEditor(context(), this); });
     connectTool(m_ui->mainMapEditorAction, m_ui->mainMapEditorButton, bool(tools.mainMapEditor),
-                [this] { m_windows.tools.mainMapEditor(context(), this); });
+                [this] { openMainMapEditor(); });
 }
 
 // Ctrl+Tab, Ctrl+Page Down and their counterparts turn the pages wherever the focus is.
@@ -244,6 +244,15 @@ void MainDialog::openRoomSelector()
     if (m_page != nullptr)
         m_page->pause();
     chooseRoom(m_windows.tools.roomSelector(context(), this, m_state.currentRoom()));
+}
+
+void MainDialog::openMainMapEditor()
+{
+    if (m_page != nullptr)
+        m_page->pause();
+    m_windows.tools.mainMapEditor(context(), this);
+    if (m_page != nullptr)
+        m_page->resume();
 }
 
 // Tells the page of every Shift key, wherever the focus is. The keys go their way all the same.

@@ -62,6 +62,7 @@ private:
     void setInitialSize();
 
     void openRoomSelector();
+    void openMainMapEditor();
     WindowContext context() { return {m_state, m_prompt, m_fonts}; }
 
     EditorState& m_state;

@@ -24,9 +24,10 @@ public:
     // Before the page goes because another tab is chosen or a ROM is read. With `revert` changes
     // that are not in the image are dropped, otherwise they are offered as by commitEdits().
     virtual void leave([[maybe_unused]] bool revert) { }
-    // While a tool window over the main one shows other rooms, the page must draw nothing by
-    // itself; the next refresh() ends that.
+    // While a tool window over the main one draws with other graphics than the room's, the page
+    // must draw nothing by itself; the next refresh() or resume() ends that.
     virtual void pause() { }
+    virtual void resume() { }
     // The Shift key went down or up, wherever the focus is.
     virtual void shiftKey([[maybe_unused]] bool down) { }
 };

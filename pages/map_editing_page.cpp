@@ -195,6 +195,11 @@ void MapEditingPage::pause()
     m_isPaused = true;
 }
 
+void MapEditingPage::resume()
+{
+    m_isPaused = false;
+}
+
 void MapEditingPage::shiftKey(bool down)
 {
     const bool shows = down && m_ui->heroCheck->isChecked() && !m_isPaused;

@@ -34,6 +34,7 @@ public:
     void commitEdits() override;
     void leave(bool revert) override;
     void pause() override;
+    void resume() override;
     // With the box checked the hero stands at the mouse while the key is down.
     void shiftKey(bool down) override;
 
@@ -69,7 +70,7 @@ private:
     std::unique_ptr<Ui::MapEditingPage> m_ui;
     std::unique_ptr<RoomViewScroller> m_scroller;
     bool m_shiftIsDown = false;
-    bool m_isPaused = false;                  // another room's graphics may be selected
+    bool m_isPaused = false;                  // other graphics than the room's may be loaded
     std::optional<RoomView::Position> m_hero; // known once the mouse was over the map
 };
 

@@ -27,8 +27,9 @@ public:
 
     // Shows the current room from its corner, with the first unit and the first load selected.
     void refresh();
-    // Until the next refresh() ticks do nothing. A new model is paused.
+    // Until resume() or the next refresh() ticks do nothing. A new model is paused.
     void pause() { m_paused = true; }
+    void resume() { m_paused = false; }
 
     // The part of the room that shows; the user scrolls it.
     RoomView& view() { return m_view; }

@@ -34,6 +34,7 @@ public:
     // Stops it.
     void leave(bool revert) override;
     void pause() override { m_model.pause(); }
+    void resume() override { m_model.resume(); }
 
     // Moves sprites on, scrolls at the border while a unit is moved, and redraws the view.
     void tick();

@@ -45,6 +45,7 @@ public:
     }
     void leave(bool revert) override { note(revert ? "leave(true)" : "leave(false)"); }
     void pause() override { note("pause"); }
+    void resume() override { note("resume"); }
     void shiftKey(bool down) override { note(down ? "shift down" : "shift up"); }
 
     std::function<void()> onCommit;

@@ -806,6 +806,11 @@ TEST_F(HeroTest, NothingIsDrawnWhileAToolShowsOtherRooms)
     page->pause();
     page->shiftKey(true);
     EXPECT_EQ(linePixel(), colour(16));
+    page->resume();
+    page->shiftKey(true);
+    EXPECT_EQ(linePixel(), colour(17));
+    page->pause();
+    EXPECT_EQ(linePixel(), colour(16));
     page->refresh();
     std::fill_n(state.graphics.patternMemory.begin(), kPatternTable1, 0xFF);
     page->shiftKey(true);

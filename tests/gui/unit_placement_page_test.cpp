@@ -422,6 +422,16 @@ TEST_F(UnitPlacementPageTest, PausedPageDrawsNothingUntilItIsRefreshed)
     EXPECT_EQ(at(132, 62), colour(19));
 }
 
+TEST_F(UnitPlacementPageTest, PausedPageGoesOnWhereItWas)
+{
+    page->pause();
+    tick(2);
+    page->resume();
+    EXPECT_EQ(at(132, 62), colour(17));
+    tick(2);
+    EXPECT_EQ(at(132, 62), colour(19));
+}
+
 TEST_F(UnitPlacementPageTest, TicksBeforeTheFirstRefreshDoNothing)
 {
     UnitPlacementPage other(state, prompt);

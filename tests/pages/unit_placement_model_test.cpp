@@ -339,6 +339,15 @@ TEST_F(UnitPlacementModelTest, PausedTicksDoNothingUntilTheNextRefresh)
     EXPECT_EQ(state.graphics.unitAnimation[UnitRom::kAnimated].delay, 1);
 }
 
+TEST_F(UnitPlacementModelTest, ResumedTicksGoOn)
+{
+    model.pause();
+    EXPECT_FALSE(model.tick());
+    model.resume();
+    EXPECT_TRUE(model.tick());
+    EXPECT_EQ(state.graphics.unitAnimation[UnitRom::kAnimated].delay, 1);
+}
+
 TEST_F(UnitPlacementModelTest, NewModelIsPausedUntilItShowsARoom)
 {
     UnitPlacementModel fresh(state);
