@@ -27,11 +27,7 @@ constexpr int topOf(int cell)
     return cell / Model::kColumns * Model::kBlockSize;
 }
 
-PixelImage unscaledGrid()
-{
-    constexpr std::uint32_t kSize = Model::kColumns * Model::kBlockSize;
-    return PixelImage(kSize, kSize);
-}
+constexpr std::uint32_t kUnscaledSize = Model::kColumns * Model::kBlockSize;
 
 // Frames a cell, then doubles the pixels.
 void showGrid(PixelImage& image, PixelImage& unscaled, int framedCell)
@@ -55,6 +51,15 @@ void drawBlock(PixelImage& image, int top, int left,
 
 } // namespace
 
+void drawBackgroundSlots(const GraphicsState& graphics, PixelImage& image)
+{
+    image.allocate(kUnscaledSize, kUnscaledSize);
+    for (int slot = 0; slot < Model::kSlots; ++slot) {
+        graphics.drawMetatileWithColours(image, topOf(slot), leftOf(slot),
+                                         static_cast<std::uint8_t>(4 * slot), kGreyColours);
+    }
+}
+
 TileAllocationPictures::TileAllocationPictures(const EditorState& state,
                                                const TileAllocationModel& model)
     : m_state(state), m_model(model)
@@ -63,11 +68,8 @@ TileAllocationPictures::TileAllocationPictures(const EditorState& state,
 
 void TileAllocationPictures::drawSlots(PixelImage& image) const
 {
-    PixelImage unscaled = unscaledGrid();
-    for (int slot = 0; slot < Model::kSlots; ++slot) {
-        m_state.graphics.drawMetatileWithColours(unscaled, topOf(slot), leftOf(slot),
-                                                 static_cast<std::uint8_t>(4 * slot), kGreyColours);
-    }
+    PixelImage unscaled;
+    drawBackgroundSlots(m_state.graphics, unscaled);
     showGrid(image, unscaled, m_model.selectedSlot());
 }
 
@@ -75,7 +77,7 @@ void TileAllocationPictures::drawBlocks(PixelImage& image) const
 {
     std::array<std::uint8_t, Model::kBlocksPerPage * kBackgroundBlockBytes> page{};
     m_state.rom.readBlock(m_model.pageOffset(), page);
-    PixelImage unscaled = unscaledGrid();
+    PixelImage unscaled(kUnscaledSize, kUnscaledSize);
     for (int block = 0; block < Model::kBlocksPerPage; ++block) {
         const auto start = static_cast<std::size_t>(block) * kBackgroundBlockBytes;
         drawBlock(unscaled, topOf(block), leftOf(block),

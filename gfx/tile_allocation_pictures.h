@@ -6,6 +6,10 @@
 
 namespace velko {
 
+// The 64 slots as pattern memory holds them, mirrored blocks mirrored, in the fixed greys: eight
+// rows of eight, 16 x 16 pixels each. Gives the image its size, 128 x 128.
+void drawBackgroundSlots(const GraphicsState& graphics, PixelImage& image);
+
 // The pictures of the tile allocation page, in the sizes in which they are shown, and what lies
 // at their points. All are drawn in the fixed greys: shapes count here, not the room's colours.
 class TileAllocationPictures {
@@ -21,7 +25,7 @@ public:
     TileAllocationPictures(const EditorState& state, const TileAllocationModel& model);
 
     // Each gives the image its size and draws it whole.
-    // The 64 slots as pattern memory holds them, mirrored blocks mirrored; the selected one framed.
+    // The 64 slots, the selected one framed.
     void drawSlots(PixelImage& image) const;
     // The 64 blocks of the selected slot's page as the ROM holds them; the slot's block framed.
     void drawBlocks(PixelImage& image) const;

@@ -30,11 +30,16 @@ std::uint8_t onAreaGrid(int mapPixel)
 
 } // namespace
 
+void loadOverworldGraphics(EditorState& state)
+{
+    state.store.pahTileLoadType2.selectRoom(kOverworldEntry);
+    state.graphics.applyType2Loads();
+}
+
 OverworldModel::OverworldModel(EditorState& state, UserPrompt& prompt)
     : m_state(state), m_prompt(prompt)
 {
-    m_state.store.pahTileLoadType2.selectRoom(kOverworldEntry);
-    m_state.graphics.applyType2Loads();
+    loadOverworldGraphics(m_state);
     m_movement.open();
     m_trucks.selectSet(startByte(m_truck) >> 4);
 }

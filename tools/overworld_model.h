@@ -24,6 +24,10 @@ enum class OverworldMode { kTile, kPreset, kPalette, kArea, kTruck };
 // What an action of the mouse changed and must be drawn again.
 enum class OverworldChange { kNothing, kMap, kTilePicker };
 
+// Loads the overworld's graphics into pattern memory, on top of the current room's. Its load list
+// stays the selected one.
+void loadOverworldGraphics(EditorState& state);
+
 // The overworld editor without its window: the map and its palettes, where the areas lie and how
 // the chopper leaves them, the trucks and their movement patterns. Every change goes straight into
 // the image.
