@@ -1,6 +1,7 @@
 #include "cli/verb.h"
 #include "cli/verb_info.h"
 #include "cli/verb_module.h"
+#include "cli/verb_render.h"
 
 namespace velko {
 
@@ -11,6 +12,8 @@ constexpr VerbEntry kVerbs[] = {
     {"info", "Tell what a ROM holds: its size, banks and rooms, and the use of each region",
      makeInfoVerb},
     {"module", "Check a module's data.yaml for what the editor would misread", makeModuleVerb},
+    {"render", "Draw rooms, a screen, the overworld or background blocks as PNG files",
+     makeRenderVerb},
 };
 
 } // namespace
