@@ -85,6 +85,7 @@ void MapEditingPage::setup()
     connectMap();
     connect(m_ui->convertButton, &QPushButton::clicked, this, [this] {
         m_model.convertAndWrite();
+        showMap(); // cells past the list are drawn from the ROM
         showTexts();
     });
     connect(m_ui->heroCheck, &QCheckBox::clicked, this, &MapEditingPage::showMap);
@@ -174,11 +175,13 @@ void MapEditingPage::refresh()
 
 void MapEditingPage::commitEdits()
 {
-    if (!m_model.leave())
+    if (!m_model.isModified())
         return;
-    const RoomView::Position scroll = m_model.view().scroll();
-    m_model.refresh();
-    m_model.view().scrollTo(scroll);
+    if (m_model.leave()) {
+        const RoomView::Position scroll = m_model.view().scroll();
+        m_model.refresh();
+        m_model.view().scrollTo(scroll);
+    }
     showRoom();
 }
 

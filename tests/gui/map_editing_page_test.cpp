@@ -153,6 +153,15 @@ protected:
         return map().picture().at(static_cast<std::uint32_t>(point.x()),
                                   static_cast<std::uint32_t>(point.y()));
     }
+    // How a cell past the room's list shows a colour.
+    Pixel faded(Pixel pixel) const
+    {
+        PixelImage cell(1, 1, pixel);
+        tintImage(cell, state.backgroundColour);
+        PixelImage shown(1, 1, 0x404040);
+        blit(shown, cell, 0, 0, 0.5F);
+        return shown.at(0, 0);
+    }
     Bytes image() const { return {state.rom.bytes().begin(), state.rom.bytes().end()}; }
     Bytes bytesAt(std::uint32_t offset, std::uint32_t count) const
     {
@@ -905,6 +914,30 @@ TEST_F(MapEditingPageTest, YesWritesTheChanges)
     EXPECT_EQ(bytesAt(MapEditingRom::kFirst, 64), screen(1, 2));
     EXPECT_EQ(shownAt(kCell), colour(10));
     page->commitEdits(); // asks once
+}
+
+TEST_F(MapEditingPageTest, WhatDependsOnTheRomIsShownAnewAfterAWrite)
+{
+    // Position 7 leads to a screen of record 2. That was block 2 in palette 2; with one more
+    // record before it, it becomes the second screen's block 1 in palette 1.
+    EXPECT_EQ(shownAt(kOnNoScreen), faded(colour(10)));
+    clickTile(2);
+    click(kCell);
+    clickButton();
+    EXPECT_EQ(shownAt(kOnNoScreen), faded(colour(5)));
+    clickTile(3);
+    click(kNextCell); // the first record of the room but one is another now
+    click(kOnFirstScreen);
+    EXPECT_EQ(status(), "Restricted from editing Screen 0.");
+    prompt.expectYesNo(kQuestion, Answer::kYes);
+    page->commitEdits();
+    EXPECT_EQ(status(), "");
+    clickTile(1);
+    click(kCell);
+    click(kNextCell);
+    prompt.expectYesNo(kQuestion, Answer::kYes);
+    page->commitEdits();
+    EXPECT_EQ(shownAt(kOnNoScreen), faded(colour(10)));
 }
 
 TEST_F(MapEditingPageTest, NoGivesThemUpAndShowsTheRomAgain)

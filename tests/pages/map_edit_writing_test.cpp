@@ -274,6 +274,30 @@ TEST_F(MapEditLimitTest, WarningIsNotRepeatedInRoomsWithoutAMap)
     EXPECT_EQ(model.statusText(), kLimitStatus);
 }
 
+TEST_F(MapEditLimitTest, WarningIsNotRepeatedInAnotherRoomUntilOneNeedsFewBlocks)
+{
+    // 200 different records on the four screens, for rooms 0 and 2.
+    PointerArrayHandler& sets = state.store.pahTile32;
+    for (std::uint32_t i = 0; i < 200; ++i)
+        sets.setDataByte(7 * i, static_cast<std::uint8_t>(i));
+    const auto screens = state.renderer.screenFileOffset(model.screens().at(0).address);
+    for (std::uint32_t i = 0; i < 200; ++i)
+        state.rom.writeByte(screens + i, static_cast<std::uint8_t>(i));
+    for (PointerArrayHandler* handler : {&sets, &state.store.pahMapAlloc})
+        handler->setPointer(2, handler->pointerOf(0));
+    state.warnsOfTile32Limit = true;
+    prompt.expect(kLimitWarning);
+    model.refresh();
+    EXPECT_TRUE(prompt.done());
+    selectRoom(2);
+    EXPECT_EQ(model.statusText(), kLimitStatus);
+    selectRoom(1); // of a few blocks
+    EXPECT_EQ(model.statusText(), "");
+    prompt.expect(kLimitWarning);
+    selectRoom(0);
+    EXPECT_TRUE(prompt.done());
+}
+
 // Any room
 
 RC_GTEST_PROP(MapEditProperty, WrittenAndReadAgainRandomRoomsAndTheirSharersLookTheSame,
