@@ -6,6 +6,7 @@
 #include "ui_main_map_editor_dialog.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QToolTip>
 #include <algorithm>
@@ -18,6 +19,7 @@ constexpr int kLargestNibble = 15;
 constexpr int kFirstDirectionId = 1199; // and the seven that follow
 constexpr int kMostTicks = 32;
 constexpr int kLastTile = 255;
+constexpr QPoint kPictureCorner(PictureView::kFrame, PictureView::kFrame); // in its view
 
 void showNumber(QSlider& slider, int last, int number)
 {
@@ -110,12 +112,7 @@ void MainMapEditorDialog::connectMap()
         if (button == Qt::RightButton)
             actOnMap(m_model.press(MapButton::kRight, point.x(), point.y()));
     });
-    connect(&view, &PictureView::mouseMoved, this, [this](QPoint point, Qt::MouseButtons buttons) {
-        if (buttons.testFlag(Qt::LeftButton))
-            actOnMap(m_model.drag(MapButton::kLeft, point.x(), point.y()));
-        if (buttons.testFlag(Qt::RightButton))
-            actOnMap(m_model.drag(MapButton::kRight, point.x(), point.y()));
-    });
+    connect(&view, &PictureView::mouseMoved, this, &MainMapEditorDialog::dragOnMap);
 }
 
 void MainMapEditorDialog::connectPickers()
@@ -126,6 +123,11 @@ void MainMapEditorDialog::connectPickers()
                 [this, pickAt](QPoint point, Qt::MouseButton button) {
                     if (button == Qt::LeftButton && (m_model.*pickAt)(point.x(), point.y()))
                         showAll();
+                });
+        // What was picked can be carried onto the map.
+        connect(&view, &PictureView::mouseMoved, this,
+                [this, &view](QPoint point, Qt::MouseButtons buttons) {
+                    dragInWindow(view.mapTo(this, point + kPictureCorner), buttons);
                 });
         connect(&view, &PictureView::keyPressed, this, [this, move](QKeyEvent* key) {
             const QPoint direction = arrowDirection(*key);
@@ -188,10 +190,12 @@ void MainMapEditorDialog::connectEdit(HexEdit& edit, Setter set)
     connect(&edit, &HexEdit::textChanged, this, [this, &edit, set] {
         if (edit.settingText())
             return;
-        (m_model.*set)(static_cast<int>(edit.getHex() & kLargestNibble));
-        showAll(&edit);
+        const std::uint32_t typed = edit.getHex();
+        (m_model.*set)(static_cast<int>(typed & kLargestNibble));
+        // A second digit takes the place of the first; an emptied box may stay empty for a while.
+        showAll(typed > kLargestNibble ? nullptr : &edit);
     });
-    // The box ends up with the digit that was made of the text.
+    // In the end the box has the digit that was made of the text.
     connect(&edit, &HexEdit::editingFinished, this, [this] { showAreaFields(); });
 }
 
@@ -218,6 +222,21 @@ void MainMapEditorDialog::actOnMap(OverworldChange change)
         showMap();
     if (change != OverworldChange::kNothing)
         showPickers(); // their colours follow the map
+}
+
+void MainMapEditorDialog::dragOnMap(QPoint point, Qt::MouseButtons buttons)
+{
+    if (buttons.testFlag(Qt::LeftButton))
+        actOnMap(m_model.drag(MapButton::kLeft, point.x(), point.y()));
+    if (buttons.testFlag(Qt::RightButton))
+        actOnMap(m_model.drag(MapButton::kRight, point.x(), point.y()));
+}
+
+void MainMapEditorDialog::dragInWindow(QPoint point, Qt::MouseButtons buttons)
+{
+    const QWidget& shown = *m_ui->contentsScroll->viewport();
+    if (hitTest(shown.mapFrom(this, point), shown, shown))
+        dragOnMap(m_ui->mapView->mapFrom(this, point) - kPictureCorner, buttons);
 }
 
 void MainMapEditorDialog::showAll(const HexEdit* typedIn)
@@ -280,6 +299,12 @@ void MainMapEditorDialog::showPickers()
     m_ui->tilePicker->showPicture();
     m_model.drawPresetPicker(m_ui->presetPicker->picture());
     m_ui->presetPicker->showPicture();
+}
+
+// A button that went down beside the map acts as soon as the mouse comes onto it.
+void MainMapEditorDialog::mouseMoveEvent(QMouseEvent* event)
+{
+    dragInWindow(event->position().toPoint(), event->buttons());
 }
 
 bool MainMapEditorDialog::eventFilter(QObject* watched, QEvent* event)

@@ -29,6 +29,7 @@ public:
     ~MainMapEditorDialog() override;
 
 protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -48,9 +49,13 @@ private:
     void connectButton(QAbstractButton& button, void (OverworldModel::*act)());
 
     void actOnMap(OverworldChange change);
+    // The mouse comes to a point of the map's picture with these buttons held.
+    void dragOnMap(QPoint point, Qt::MouseButtons buttons);
+    // The same, counted from the window's corner; where the window is too small the map is cut off.
+    void dragInWindow(QPoint point, Qt::MouseButtons buttons);
 
-    // Everything: which controls can be used, what they hold, the pictures. The box that is being
-    // typed in keeps its text.
+    // Everything: which controls can be used, what they hold, the pictures. A box that is being
+    // typed in can keep its text.
     void showAll(const HexEdit* typedIn = nullptr);
     void showMode();
     void showAreaFields(const HexEdit* typedIn = nullptr);

@@ -365,11 +365,28 @@ TEST_F(MainMapEditorDialogTest, EmptiedEditIsZero)
     EXPECT_EQ(bytesAt(overworld::kMovement + 12, 2), (Bytes{0x7E, 0xF0}));
 }
 
+TEST_F(MainMapEditorDialogTest, SecondDigitTakesThePlaceOfTheFirstAtOnce)
+{
+    openIn(kAreaMode);
+    edit(kChopper).setFocus();
+    QTest::keyClick(&edit(kChopper), Qt::Key_End);
+    QTest::keyClicks(&edit(kChopper), "5"); // behind the d
+    EXPECT_EQ(textOf(kChopper), "5");
+    QTest::keyClicks(&edit(kChopper), "A");
+    EXPECT_EQ(textOf(kChopper), "a");
+    EXPECT_EQ(bytesAt(overworld::kMovement + 12, 2), (Bytes{0xAE, 0xF0}));
+    for (const int id : {kPreview, kFirstDigit, kSecondDigit}) {
+        type(id, "12");
+        EXPECT_EQ(textOf(id), "2") << id;
+    }
+    EXPECT_EQ(bytesAt(overworld::kMovement + 12, 2), (Bytes{0xA2, 0x22}));
+}
+
 TEST_F(MainMapEditorDialogTest, EditEndsUpWithItsDigit)
 {
     openIn(kAreaMode);
-    type(kPreview, "12");
-    EXPECT_EQ(textOf(kPreview), "12");
+    type(kPreview, "0x2");
+    EXPECT_EQ(textOf(kPreview), "0x2");
     QTest::keyClick(&edit(kPreview), Qt::Key_Tab);
     EXPECT_EQ(textOf(kPreview), "2");
     EXPECT_EQ(bytesAt(overworld::kMovement + 12, 2), (Bytes{0xD2, 0xF0}));
@@ -378,7 +395,7 @@ TEST_F(MainMapEditorDialogTest, EditEndsUpWithItsDigit)
 TEST_F(MainMapEditorDialogTest, EnterEndsTypingAndNotTheWindow)
 {
     openIn(kAreaMode);
-    type(kPreview, "12");
+    type(kPreview, "02");
     QTest::keyClick(&edit(kPreview), Qt::Key_Return);
     EXPECT_EQ(textOf(kPreview), "2");
     EXPECT_TRUE(dialog->isVisible());
@@ -640,6 +657,52 @@ TEST_F(MainMapEditorDialogTest, EdgesOfTheMapArePaintedAndNothingBeyond)
     EXPECT_EQ(image(), loadedExcept(tileOffset(25, 17), {1}));
 }
 
+TEST_F(MainMapEditorDialogTest, ButtonHeldActsWhereverItWentDown)
+{
+    open();
+    const auto inWindow = [this](QPoint point) { return map().mapTo(dialog.get(), point); };
+    const auto moveInWindow = [&](QPoint point, Qt::MouseButtons buttons) {
+        const QPointF at = inWindow(inWidget(point));
+        QMouseEvent move(QEvent::MouseMove, at, at, dialog->mapToGlobal(at), Qt::NoButton, buttons,
+                         {});
+        QApplication::sendEvent(dialog->windowHandle(), &move);
+    };
+    // From the empty part of the window beside the map.
+    const QPoint beside = inWindow({map().width() + 10, 200});
+    QTest::mousePress(dialog->windowHandle(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(image(), game.bytes);
+    game.write(tileOffset(0, 0), {1});
+    start();
+    moveInWindow(cell(0, 0), Qt::RightButton); // picks tile 1
+    moveInWindow(cell(25, 3), Qt::LeftButton);
+    moveInWindow({470, 63}, Qt::LeftButton); // out again
+    moveInWindow(cell(24, 3), Qt::NoButton);
+    QTest::mouseRelease(dialog->windowHandle(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(image(), loadedExcept(tileOffset(25, 3), {1}));
+    // From a picker: the tile is carried onto the map.
+    const QPoint picked = control(kTilePicker).mapTo(dialog.get(), inWidget({40, 8})); // tile 2
+    QTest::mousePress(dialog->windowHandle(), Qt::LeftButton, {}, picked);
+    moveInWindow(cell(24, 3), Qt::LeftButton);
+    QTest::mouseRelease(dialog->windowHandle(), Qt::LeftButton, {}, picked);
+    EXPECT_EQ(image(), loadedExcept(tileOffset(24, 3), {2, 1}));
+}
+
+TEST_F(MainMapEditorDialogTest, MapThatIsScrolledOutOfSightIsNotDrawnOn)
+{
+    open().resize(400, 300);
+    QTest::qWait(0);
+    auto* close = &control(kClose);
+    const QPointF at = close->mapTo(dialog.get(), QPoint(-20, close->height() / 2));
+    ASSERT_TRUE(map().rect().contains(map().mapFrom(dialog.get(), at.toPoint())));
+    QMouseEvent move(QEvent::MouseMove, at, dialog->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                     {});
+    state.rom.writeByte(overworld::kTiles, 0x7E);
+    clickMap(cell(0, 0), Qt::RightButton);
+    const Bytes before = image();
+    QApplication::sendEvent(dialog.get(), &move);
+    EXPECT_EQ(image(), before);
+}
+
 TEST_F(MainMapEditorDialogTest, RightButtonPicksTheTile)
 {
     game.bytes[tileOffset(7, 7)] = 0x35;
@@ -830,7 +893,7 @@ TEST_F(MainMapEditorDialogTest, RoomsGraphicsAreBackHoweverItIsLeft)
 TEST_F(MainMapEditorDialogTest, BoxThatIsTypedInMayGoWithTheWindow)
 {
     openIn(kAreaMode);
-    type(kChopper, "12");
+    type(kChopper, "02");
     QTest::keyClick(&edit(kChopper), Qt::Key_Escape);
     dialog.reset();
     EXPECT_EQ(bytesAt(overworld::kMovement + 12, 1), (Bytes{0x2E}));
