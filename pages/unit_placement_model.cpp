@@ -159,6 +159,13 @@ void UnitPlacementModel::press(RoomView::Position point)
         m_selectedUnit = static_cast<int>(*picked);
 }
 
+// While paused another room may be selected, whose units the mouse must not move.
+void UnitPlacementModel::movePointer(RoomView::Position point)
+{
+    if (!m_paused)
+        m_mover.moveTo(point);
+}
+
 void UnitPlacementModel::selectLoad(int index)
 {
     if (isIndex(index, m_loads.shownCount()))

@@ -27,7 +27,7 @@ public:
 
     // Shows the current room from its corner, with the first unit and the first load selected.
     void refresh();
-    // Until resume() or the next refresh() ticks do nothing. A new model is paused.
+    // Until resume() or the next refresh() ticks and the pointer do nothing. A new model is paused.
     void pause() { m_paused = true; }
     void resume() { m_paused = false; }
 
@@ -83,7 +83,7 @@ public:
     // Right button in the view: puts the unit back.
     void revertMove() { m_mover.revert(); }
     // The pointer moved, in the view or outside.
-    void movePointer(RoomView::Position point) { m_mover.moveTo(point); }
+    void movePointer(RoomView::Position point);
 
     // Sprite graphics.
 

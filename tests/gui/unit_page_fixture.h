@@ -2,8 +2,8 @@
 
 #include "app/hex_edit.h"
 #include "app/picture_view.h"
-#include "app/ui_common.h"
 #include "pages/unit_placement_page.h"
+#include "tests/gui/page_support.h"
 #include "tests/pages/unit_rom.h"
 #include "tests/support/scripted_prompt.h"
 
@@ -56,18 +56,12 @@ protected:
         timer().stop();
         page->refresh();
         page->resize(1000, 640);
-        page->show();
-        page->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
+        showActive(*page);
     }
 
     template <typename Widget = QWidget> Widget& control(int id) const
     {
-        for (Widget* widget : page->findChildren<Widget*>()) {
-            if (widget->property(kControlId).toInt() == id)
-                return *widget;
-        }
-        throw std::runtime_error("no control " + std::to_string(id));
+        return controlOf<Widget>(*page, id);
     }
     QTimer& timer() const
     {

@@ -141,6 +141,15 @@ TEST_F(UnitMoverTest, UnitStartedFromTheListComesExactlyUnderThePointer)
     EXPECT_EQ(unitBytes(5), (Bytes{3, 200, 1, 128, 0}));
 }
 
+TEST_F(UnitMoverTest, NoDistanceIsLeftOverFromAnEarlierMove)
+{
+    ASSERT_EQ(mover.pick({140, 66}), 0U);
+    mover.revert();
+    mover.start(0);
+    mover.moveTo({260, 150});
+    EXPECT_EQ(unitBytes(5), (Bytes{3, 200, 1, 128, 0}));
+}
+
 TEST_F(UnitMoverTest, ScrollPositionCounts)
 {
     view.scrollTo({160, 144});
@@ -266,6 +275,15 @@ TEST_F(UnitMoverTest, ViewScrollsThreeStepsOf16InFiveTicks)
     EXPECT_EQ(positions, (std::vector<int>{0, 16, 16, 32, 48, 48, 64, 64, 80, 96}));
 }
 
+TEST_F(UnitMoverTest, ViewScrolls120StepsIn200Ticks)
+{
+    view.showRoom({20, 2});
+    pickFirst();
+    mover.moveTo({410, 188});
+    tick(200);
+    EXPECT_EQ(view.scroll().x, 120 * 16);
+}
+
 TEST_F(UnitMoverTest, BorderInsideTheViewIs12RoomPixelsWide)
 {
     pickFirst();
@@ -380,6 +398,13 @@ TEST_F(UnitMoverTest, PickingStartsTheGlowAnewAndTheListDoesNot)
     EXPECT_NEAR(mover.glow(), 0.4F, 1e-5);
     mover.stop();
     pickFirst();
+    EXPECT_EQ(mover.glow(), 0.0F);
+}
+
+TEST_F(UnitMoverTest, AnotherRoomStartsTheGlowAnew)
+{
+    tick(10);
+    mover.reset();
     EXPECT_EQ(mover.glow(), 0.0F);
 }
 

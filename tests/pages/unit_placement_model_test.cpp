@@ -63,6 +63,17 @@ TEST_F(UnitPlacementModelTest, RoomOfWidth2OrHeight0IsOneScreen)
     EXPECT_EQ(model.view().room(), (Size{256, 480}));
 }
 
+TEST_F(UnitPlacementModelTest, AnotherRoomIsDrawnAnew)
+{
+    game.setLayout(1, 3, 2, {2, 2, 2, 2, 2, 2});
+    game.loadInto(state);
+    model.refresh();
+    EXPECT_EQ(at(0, 0), colour(16));
+    state.graphics.selectRoom(1);
+    model.refresh();
+    EXPECT_EQ(at(0, 0), colour(2));
+}
+
 TEST_F(UnitPlacementModelTest, OnlyWhatIsListedIsSelected)
 {
     for (const int index : {-1, 2, 1000}) {
@@ -348,6 +359,19 @@ TEST_F(UnitPlacementModelTest, ResumedTicksGoOn)
     EXPECT_EQ(state.graphics.unitAnimation[UnitRom::kAnimated].delay, 1);
 }
 
+TEST_F(UnitPlacementModelTest, PausedPointerMovesNothing)
+{
+    model.startMoving(0);
+    model.movePointer({260, 118});
+    const Bytes moved = image();
+    model.pause();
+    model.movePointer({130, 118});
+    EXPECT_EQ(image(), moved);
+    model.resume();
+    model.movePointer({130, 118});
+    EXPECT_EQ(unitBytes(5), (Bytes{3, 100, 1, 100, 0}));
+}
+
 TEST_F(UnitPlacementModelTest, NewModelIsPausedUntilItShowsARoom)
 {
     UnitPlacementModel fresh(state);
@@ -375,6 +399,17 @@ TEST_F(UnitPlacementModelTest, MovedUnitGlowsByThePhase)
     EXPECT_EQ(at(132, 62), 0x000000U);
     model.press({130, 60}); // dropped one pixel down
     EXPECT_EQ(at(132, 64), colour(19));
+}
+
+TEST_F(UnitPlacementModelTest, RefreshStartsTheGlowAnew)
+{
+    model.setAnimated(false);
+    state.graphics.unitAnimation[UnitRom::kAnimated].frameOffset = 6; // entry 19
+    for (int i = 0; i < 10; ++i)
+        model.tick();
+    model.refresh();
+    model.startMoving(0);
+    EXPECT_EQ(at(132, 62), 0x000000U);
 }
 
 TEST_F(UnitPlacementModelTest, TickScrollsAndShowsTheOtherPart)
