@@ -1,4 +1,5 @@
 #include "cli/verb.h"
+#include "cli/verb_check.h"
 #include "cli/verb_info.h"
 #include "cli/verb_module.h"
 #include "cli/verb_render.h"
@@ -14,6 +15,7 @@ constexpr VerbEntry kVerbs[] = {
     {"module", "Check a module's data.yaml for what the editor would misread", makeModuleVerb},
     {"render", "Draw rooms, a screen, the overworld or background blocks as PNG files",
      makeRenderVerb},
+    {"check", "Look for damaged and suspicious data in a ROM", makeCheckVerb},
 };
 
 } // namespace

@@ -63,26 +63,36 @@ void GraphicsState::buildBackgroundBlocks()
 
 void GraphicsState::applyType2Loads()
 {
-    const std::uint32_t records = m_config.value(MiscField::ptrTileLoadType2);
-    const std::uint32_t bankStart =
-        m_config.value(MiscField::startGfxType2) * kBankSize + kHeaderSize;
     for (std::uint32_t i = 0; i < kLongestTileLoadType2; ++i) {
         const std::uint8_t id = m_store.pahTileLoadType2.dataByte(i);
         if (id >= kLoadListEnd)
             return;
-        std::array<std::uint8_t, kLoadRecordBytes> record{};
-        m_rom.readBlock(records + kLoadRecordBytes * id, record);
-        // The source may lead on into the following banks. The destination is big-endian.
-        const std::uint32_t source = bankStart + record[0] + (std::uint32_t{record[1]} << 8);
-        const std::size_t destination = (std::size_t{record[2]} << 8) + record[3];
-        const std::size_t length = record[4] * kTileBytes;
-        if (destination >= kPatternMemorySize)
+        const LoadRecord record = loadRecord(id);
+        if (record.destination >= kPatternMemorySize)
             continue;
+        const std::size_t space = kPatternMemorySize - record.destination;
         m_rom.readBlock(
-            source,
+            record.source,
             std::span(patternMemory)
-                .subspan(destination, std::min(length, kPatternMemorySize - destination)));
+                .subspan(record.destination, std::min<std::size_t>(record.length, space)));
     }
+}
+
+std::uint32_t GraphicsState::loadRecordOffset(std::uint8_t id) const
+{
+    return m_config.value(MiscField::ptrTileLoadType2) + kLoadRecordBytes * id;
+}
+
+LoadRecord GraphicsState::loadRecord(std::uint8_t id) const
+{
+    std::array<std::uint8_t, kLoadRecordBytes> bytes{};
+    m_rom.readBlock(loadRecordOffset(id), bytes);
+    const std::uint32_t bankStart =
+        m_config.value(MiscField::startGfxType2) * kBankSize + kHeaderSize;
+    // The destination is big-endian.
+    return {bankStart + bytes[0] + (std::uint32_t{bytes[1]} << 8),
+            (std::uint32_t{bytes[2]} << 8) + bytes[3],
+            static_cast<std::uint32_t>(bytes[4] * kTileBytes)};
 }
 
 void GraphicsState::buildBackgroundBlock(std::uint32_t slot)

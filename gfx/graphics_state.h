@@ -23,6 +23,13 @@ struct UnitAnimation {
     std::uint8_t delay = 0;          // ticks before the next frame
 };
 
+// What one number of a type-2 load list does.
+struct LoadRecord {
+    std::uint32_t source = 0;      // file offset; it may lead on into the following banks
+    std::uint32_t destination = 0; // in pattern memory, 0 to 0xFFFF
+    std::uint32_t length = 0;      // bytes, whole tiles
+};
+
 // The graphics of the room that is shown: the console's pattern memory, filled as the game fills
 // it, the colours, and the position of every animated sprite. selectRoom() must run before a
 // room is drawn. Reads past the end of the image give its filler; writes past pattern memory are
@@ -45,6 +52,9 @@ public:
     void buildPatternMemory();
     // Applies the list that `pahTileLoadType2` points at, without clearing first.
     void applyType2Loads();
+    // File offset of a record of the type-2 load table; wraps at 32 bits.
+    std::uint32_t loadRecordOffset(std::uint8_t id) const;
+    LoadRecord loadRecord(std::uint8_t id) const;
     // Fills background block `slot` (0-63) of pattern table 1.
     void buildBackgroundBlock(std::uint32_t slot);
     // The same for all 64.

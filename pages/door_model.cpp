@@ -32,6 +32,12 @@ bool liesInPicture(int x, int y)
 
 } // namespace
 
+Entrance Entrance::fromBytes(std::uint8_t screen, std::uint8_t block)
+{
+    return {static_cast<std::uint8_t>(screen >> 4), static_cast<std::uint8_t>(screen & 0xF),
+            static_cast<std::uint8_t>(block >> 4), static_cast<std::uint8_t>(block & 0xF)};
+}
+
 RoomView::Position Entrance::corner() const
 {
     return {(screenColumn - 1) * kScreenWidth + blockColumn * kBlock,
@@ -70,8 +76,7 @@ Entrance DoorModel::entranceOf(std::uint32_t slot) const
         m_state.rom.readByte(entranceOffset(MiscField::ptrEntranceScreen, slot));
     const std::uint8_t block =
         m_state.rom.readByte(entranceOffset(MiscField::ptrEntranceBlock, slot));
-    return {static_cast<std::uint8_t>(screen >> 4), static_cast<std::uint8_t>(screen & 0xF),
-            static_cast<std::uint8_t>(block >> 4), static_cast<std::uint8_t>(block & 0xF)};
+    return Entrance::fromBytes(screen, block);
 }
 
 bool DoorModel::placeEntrance(int x, int y)

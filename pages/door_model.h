@@ -16,6 +16,9 @@ struct Entrance {
     std::uint8_t blockColumn = 0;  // 0-15
     std::uint8_t blockRow = 0;     // 0-15, of which a screen has 0-14
 
+    // From the room's bytes in the tables of entrance screens and of entrance blocks.
+    static Entrance fromBytes(std::uint8_t screen, std::uint8_t block);
+
     bool isSet() const { return screenColumn > 0; }
     // The block's top-left corner in room pixels, of an entrance that is set.
     RoomView::Position corner() const;

@@ -10,6 +10,10 @@ namespace velko {
 
 namespace {
 
+// The two suffixes differ by a blank.
+constexpr std::string_view kPaddedFiller = " : ?? ";
+constexpr std::string_view kFiller = " : ??";
+
 void takeNames(TextLines lines, std::span<std::string> names, std::string_view fillerSuffix)
 {
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -21,6 +25,12 @@ void takeNames(TextLines lines, std::span<std::string> names, std::string_view f
 }
 
 } // namespace
+
+bool NameLists::hasUnitName(std::uint8_t type) const
+{
+    return type < units.size() && !units[type].empty()
+        && units[type] != hexText(type).append(kPaddedFiller);
+}
 
 void readNameList(const std::filesystem::path& path, std::span<std::string> names,
                   std::string_view fillerSuffix)
@@ -40,9 +50,6 @@ void splitNameList(std::string_view text, std::span<std::string> names,
 void loadNameLists(const std::filesystem::path& moduleFolder, std::uint32_t roomCount,
                    NameLists& names)
 {
-    // The two suffixes differ by a blank.
-    constexpr std::string_view kPaddedFiller = " : ?? ";
-    constexpr std::string_view kFiller = " : ??";
     names.rooms.assign(roomCount, {});
     readNameList(moduleFolder / "unit.txt", names.units, kPaddedFiller);
     readNameList(moduleFolder / "VRAMload.txt", names.vramLoads, kPaddedFiller);

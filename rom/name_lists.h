@@ -21,6 +21,10 @@ struct NameLists {
     std::array<std::string, 256> music;
     std::vector<std::string> rooms; // GameConfig::roomCount() of them, at most kMostRooms
     std::array<std::string, kItems> items;
+
+    // Whether the module names a unit type: false for types past the list, and for those that an
+    // empty line or a filler stands for.
+    bool hasUnitName(std::uint8_t type) const;
 };
 
 // Fills every entry of `names` with the next line of the file. When the file could not be loaded,

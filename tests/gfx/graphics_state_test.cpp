@@ -65,6 +65,18 @@ TEST(GraphicsStateTest, SelectRoomClearsWhatTheOldRoomLoaded)
     EXPECT_EQ(core.graphics.patternMemory[0x100], 0x00);
 }
 
+TEST(Type2LoadsTest, RecordTellsWhatItCopies)
+{
+    TestRom game;
+    game.setLoadRecord(0x7F, 0x1234, 0xFFF0, 255);
+    const TestCore core(game);
+    EXPECT_EQ(core.graphics.loadRecordOffset(0x7F), 0x3010U + 5 * 0x7F);
+    const LoadRecord record = core.graphics.loadRecord(0x7F);
+    EXPECT_EQ(record.source, 0x10U + 6 * 0x4000 + 0x1234);
+    EXPECT_EQ(record.destination, 0xFFF0U);
+    EXPECT_EQ(record.length, 4080U);
+}
+
 TEST(Type2LoadsTest, ListThatStartsWithAnEndMarkLoadsNothing)
 {
     for (const std::uint8_t endMark : Bytes{0x80, 0x81, 0xFF}) {

@@ -136,6 +136,21 @@ TEST(LoadNameLists, ListsHaveTheirFixedSizes)
     EXPECT_EQ(names.items.size(), 26U);
 }
 
+TEST(LoadNameLists, TypesThatAreNamed)
+{
+    const test::TemporaryFolder folder;
+    folder.write("unit.txt", "Bat\n\nCrab"sv);
+    NameLists names;
+    loadNameLists(folder.path(), 3, names);
+    EXPECT_TRUE(names.hasUnitName(0));
+    EXPECT_FALSE(names.hasUnitName(1)) << "an empty line";
+    EXPECT_TRUE(names.hasUnitName(2));
+    EXPECT_FALSE(names.hasUnitName(3)) << "3 : ??";
+    EXPECT_FALSE(names.hasUnitName(143));
+    EXPECT_FALSE(names.hasUnitName(144)) << "past the list";
+    EXPECT_FALSE(names.hasUnitName(255));
+}
+
 TEST(LoadNameLists, NoRoomsMeanNoRoomNames)
 {
     const test::TemporaryFolder folder;

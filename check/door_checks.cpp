@@ -1,0 +1,127 @@
+#include "check/check_families.h"
+#include "pages/door_model.h"
+#include "rom/number_text.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace velko {
+
+namespace {
+
+// An exit's byte cannot tell more.
+constexpr std::uint32_t kMostSlots = 256;
+
+class DoorCheck {
+public:
+    DoorCheck(const EditorState& state, Findings& findings)
+        : m_state(state), m_rooms(state.config.roomCount()), m_findings(findings)
+    {
+    }
+
+    void run() const
+    {
+        std::vector<bool> isReached(kMostRooms);
+        for (std::uint32_t room = 0; room < m_rooms; ++room) {
+            checkEntrances(room);
+            for (std::uint32_t slot = 0; slot < slots(MiscField::roomExits); ++slot) {
+                const std::uint8_t target = byteOf(exitRoom(room, slot));
+                checkExit(room, slot, target);
+                if (target != room)
+                    isReached[target] = true;
+            }
+        }
+        if (slots(MiscField::roomExits) > 0)
+            reportUnreached(isReached);
+    }
+
+private:
+    std::uint32_t slots(MiscField perRoom) const
+    {
+        return std::min(m_state.config.value(perRoom), kMostSlots);
+    }
+    // File offset of a slot's byte in one of the four tables; wraps at 32 bits.
+    std::uint32_t offset(MiscField table, MiscField perRoom, std::uint32_t room,
+                         std::uint32_t slot) const
+    {
+        return m_state.config.value(table) + room * m_state.config.value(perRoom) + slot;
+    }
+    std::uint32_t exitRoom(std::uint32_t room, std::uint32_t slot) const
+    {
+        return offset(MiscField::ptrExitRoom, MiscField::roomExits, room, slot);
+    }
+    std::uint32_t entranceScreen(std::uint32_t room, std::uint32_t slot) const
+    {
+        return offset(MiscField::ptrEntranceScreen, MiscField::roomEntrances, room, slot);
+    }
+    std::uint8_t byteOf(std::uint32_t fileOffset) const { return m_state.rom.readByte(fileOffset); }
+
+    Entrance entranceOf(std::uint32_t room, std::uint32_t slot) const
+    {
+        return Entrance::fromBytes(
+            byteOf(entranceScreen(room, slot)),
+            byteOf(offset(MiscField::ptrEntranceBlock, MiscField::roomEntrances, room, slot)));
+    }
+
+    void checkEntrances(std::uint32_t room) const
+    {
+        const RoomSize size = m_state.renderer.roomSize(room);
+        for (std::uint32_t slot = 0; slot < slots(MiscField::roomEntrances); ++slot) {
+            const Entrance entrance = entranceOf(room, slot);
+            if (!entrance.isSet()
+                || (entrance.screenColumn <= size.columns && entrance.screenRow < size.rows
+                    && entrance.blockRow < kScreenRows))
+                continue;
+            m_findings.push_back(
+                {FindingKind::kEntranceOutsideRoom, room, entranceScreen(room, slot),
+                 "Entrance " + hexText(slot) + " is in screen column "
+                     + decimalText(entrance.screenColumn - 1U) + ", row "
+                     + decimalText(entrance.screenRow) + ", block row "
+                     + decimalText(entrance.blockRow) + " of a room of " + decimalText(size.columns)
+                     + " x " + countText(size.rows, "screen") + "."});
+        }
+    }
+
+    // The tables do not tell whether an exit is in use.
+    void checkExit(std::uint32_t room, std::uint32_t slot, std::uint8_t target) const
+    {
+        const std::string exit = "Exit " + hexText(slot) + " leads to ";
+        if (target >= m_rooms) {
+            m_findings.push_back({FindingKind::kExitToMissingRoom, room, exitRoom(room, slot),
+                                  exit + "room " + hexText(target) + "; there are rooms 0 to "
+                                      + hexText(m_rooms - 1) + "."});
+            return;
+        }
+        const std::uint32_t place =
+            offset(MiscField::ptrExitEntrance, MiscField::roomExits, room, slot);
+        const std::uint8_t entrance = byteOf(place);
+        const std::uint32_t entrances = slots(MiscField::roomEntrances);
+        if (entrances == 0 || (entrance < entrances && entranceOf(target, entrance).isSet()))
+            return;
+        m_findings.push_back({FindingKind::kExitToUnsetEntrance, room, place,
+                              exit + "entrance " + hexText(entrance) + " of room " + hexText(target)
+                                  + ", which is not set."});
+    }
+
+    void reportUnreached(const std::vector<bool>& isReached) const
+    {
+        for (std::uint32_t room = 0; room < m_rooms; ++room) {
+            if (!isReached[room])
+                m_findings.push_back({FindingKind::kUnreachableRoom, room, entranceScreen(room, 0),
+                                      "No exit of another room leads here."});
+        }
+    }
+
+    const EditorState& m_state;
+    std::uint32_t m_rooms;
+    Findings& m_findings;
+};
+
+} // namespace
+
+void checkDoors(const EditorState& state, Findings& findings)
+{
+    DoorCheck(state, findings).run();
+}
+
+} // namespace velko
