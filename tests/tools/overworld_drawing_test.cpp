@@ -114,6 +114,7 @@ TEST_F(OverworldDrawingTest, AreaModeShowsIconsFrameChopperAndPreview)
     EXPECT_EQ(mapPixel(display, 64, 24), colour(30));
     EXPECT_EQ(mapPixel(display, 60, 20), colour(0));
     EXPECT_EQ(mapPixel(display, 64, 28), colour(30)); // row 28: one lower than 20 + 7
+    EXPECT_EQ(display.at(144, 66), colour(0));        // between rows 29 and 30
     // No trucks.
     EXPECT_EQ(mapPixel(display, 40, 104), 0x402000U);
 }
@@ -157,6 +158,8 @@ TEST_F(OverworldDrawingTest, TruckModeShowsEveryTruckAsItSetsOut)
     const PixelImage display = drawn(OverworldMode::kTruck);
     EXPECT_EQ(mapPixel(display, 40, 96), colour(25));
     EXPECT_EQ(mapPixel(display, 32, 88), colour(25));
+    EXPECT_EQ(display.at(69, 216), colour(0)); // between columns 30 and 31, row 96
+    EXPECT_EQ(display.at(90, 195), colour(0)); // column 40, between rows 86 and 87
     // Truck 1: set 1 leads left: sprite 12, set 4.
     EXPECT_EQ(mapPixel(display, 108, 44), colour(17));
     // No icons.

@@ -212,6 +212,16 @@ TEST_F(OverworldTrucksTest, PatternWithoutAnEndHas256Phases)
     EXPECT_EQ(picture.width(), 468U);
 }
 
+TEST_F(OverworldTrucksTest, PathStopsAtTheLastAreaToo)
+{
+    game.write(overworld::kPatterns, {0x02, 0x80}); // down from area 0 to area 2, then right
+    OverworldModel& m = openOnTruck(0);
+    const std::vector<PathSegment> path = m.truckPath();
+    ASSERT_EQ(path.size(), 3U + 12); // on the right lies nothing up to the border
+    EXPECT_EQ(path[2], (PathSegment{{64, 104}, 2, 0}));
+    EXPECT_EQ(path[3], (PathSegment{{64, 120}, 0, 1}));
+}
+
 TEST_F(OverworldTrucksTest, PhaseStaysInsideAPatternThatTheMapIsStoredOver)
 {
     game.config.setValue(MiscField::ptrMapTileMap, overworld::kPatterns);
