@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures in docs/pictures again, from the demo game, without a display.
+# Makes the pictures in docs/pictures again, from the demo game, without a display: every tab on
+# room 0, and the tool windows.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -11,5 +12,10 @@ trap 'rm -rf "$all"' EXIT
 cd build/release/demo-game
 QT_QPA_PLATFORM=offscreen ../app/velko-pictures . demo.nes "$all"
 cd ../../..
-mkdir -p docs/pictures
-cp "$all/palette-room-0.png" docs/pictures/main-palette.png
+rm -rf docs/pictures
+mkdir docs/pictures
+for picture in "$all"/*-room-0.png; do
+    cp "$picture" "docs/pictures/$(basename "$picture" -room-0.png).png"
+done
+cp "$all"/{room-selector,area-editor}.png docs/pictures
+cp "$all/main-map-editor-truck.png" docs/pictures/main-map-editor.png
