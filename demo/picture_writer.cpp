@@ -3,6 +3,8 @@
 #include "demo/module_writer.h"
 #include "demo/nes_palette.h"
 
+#include <algorithm>
+
 namespace velko::demo {
 
 namespace {
@@ -10,6 +12,14 @@ namespace {
 constexpr std::uint32_t kFileHeader = 14;
 constexpr std::uint32_t kInfoHeader = 40;
 constexpr std::uint32_t kColours = 16;
+
+// The editor shows the physics pictures two to a row, at 57 % of their size: 141 x 40 pixels.
+constexpr int kPlateWidth = 248;
+constexpr int kPlateHeight = 71;
+constexpr int kPlateEdge = 2;
+constexpr std::uint8_t kPlateColour = 4;
+constexpr std::uint8_t kPlateEdgeColour = 1;
+constexpr int kPictogramScale = 2;
 
 void append(Bytes& bytes, std::uint32_t value, int count)
 {
@@ -62,15 +72,40 @@ Bytes bitmap(const Picture& picture, const PictureColours& colours, std::uint32_
     return bytes;
 }
 
-void writePicture(const std::filesystem::path& path, const ArtFile& art, std::size_t number)
+void writePicture(const std::filesystem::path& path, const Picture& picture,
+                  const PictureColours& colours, std::size_t number)
 {
-    const Picture& picture = art.pictures[number];
-    writeFile(path,
-              number % 2 == 0 ? bitmap8(picture, art.pictureColours)
-                              : bitmap24(picture, art.pictureColours));
+    writeFile(path, number % 2 == 0 ? bitmap8(picture, colours) : bitmap24(picture, colours));
+}
+
+bool liesOnEdge(int x, int y)
+{
+    return std::min(x, kPlateWidth - 1 - x) < kPlateEdge
+        || std::min(y, kPlateHeight - 1 - y) < kPlateEdge;
 }
 
 } // namespace
+
+Picture physicsPlate(const Picture& pictogram)
+{
+    const int width = pictogram.width * kPictogramScale;
+    const int height = pictogram.height * kPictogramScale;
+    const int left = (kPlateWidth - width) / 2;
+    const int top = (kPlateHeight - height) / 2;
+    Picture plate{pictogram.name, kPlateWidth, kPlateHeight, {}};
+    for (int y = 0; y < kPlateHeight; ++y) {
+        for (int x = 0; x < kPlateWidth; ++x) {
+            const bool onPictogram = x >= left && x < left + width && y >= top && y < top + height;
+            if (onPictogram) {
+                plate.pixels.push_back(
+                    pictogram.at((x - left) / kPictogramScale, (y - top) / kPictogramScale));
+            } else {
+                plate.pixels.push_back(liesOnEdge(x, y) ? kPlateEdgeColour : kPlateColour);
+            }
+        }
+    }
+    return plate;
+}
 
 Bytes bitmap8(const Picture& picture, const PictureColours& colours)
 {
@@ -92,9 +127,11 @@ void writePictures(const ArtFile& physics, const ArtFile& doors,
         colours.insert(colours.end(), {colour.red, colour.green, colour.blue});
     writeFile(folder / "fr_nesB.pal", colours);
     for (std::size_t i = 0; i < 16; ++i)
-        writePicture(folder / "bitmap" / (std::to_string(i) + ".bmp"), physics, i);
+        writePicture(folder / "bitmap" / (std::to_string(i) + ".bmp"),
+                     physicsPlate(physics.pictures[i]), physics.pictureColours, i);
     for (std::size_t i = 0; i < 4; ++i)
-        writePicture(folder / "bitmap" / ("door" + std::to_string(i + 1) + ".bmp"), doors, i);
+        writePicture(folder / "bitmap" / ("door" + std::to_string(i + 1) + ".bmp"),
+                     doors.pictures[i], doors.pictureColours, i);
 }
 
 } // namespace velko::demo

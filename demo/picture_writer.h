@@ -15,6 +15,10 @@ Bytes bitmap8(const Picture& picture, const PictureColours& colours);
 // The same picture with 24 bits per pixel.
 Bytes bitmap24(const Picture& picture, const PictureColours& colours);
 
+// A pictogram in double size in the middle of a plate with the proportions of the cells in which
+// the editor shows physics.
+Picture physicsPlate(const Picture& pictogram);
+
 // Writes the colours ("fr_nesB.pal"), the sixteen physics pictures and the four door pictures.
 // Even numbers become 8-bit files, odd ones 24-bit files, as both kinds are read.
 void writePictures(const ArtFile& physics, const ArtFile& doors,

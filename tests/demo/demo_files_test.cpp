@@ -1,5 +1,6 @@
 #include "demo/generator.h"
 #include "demo/nes_palette.h"
+#include "demo/picture_writer.h"
 #include "rom/file_io.h"
 #include "rom/module_config.h"
 #include "tests/demo/demo_game.h"
@@ -135,6 +136,26 @@ TEST(DemoFiles, BitmapsAreOfBothDepths)
     EXPECT_EQ(fileBytes(demoFolder() / "bitmap" / "door2.bmp").at(28), 24);
 }
 
+TEST(DemoFiles, PhysicsPictureIsAPictogramInTheMiddleOfAPlate)
+{
+    const demo::Picture plate = demo::physicsPlate({"one",
+                                                    4,
+                                                    3,
+                                                    {0, 1, 2, 3, //
+                                                     4, 5, 6, 7, //
+                                                     8, 9, 10, 11}});
+    EXPECT_EQ(plate.width, 248);
+    EXPECT_EQ(plate.height, 71);
+    EXPECT_EQ(plate.at(120, 32), 0); // doubled: 8 x 6 pixels from here on
+    EXPECT_EQ(plate.at(121, 33), 0);
+    EXPECT_EQ(plate.at(122, 34), 5);
+    EXPECT_EQ(plate.at(127, 37), 11);
+    for (const auto& [x, y] : {std::pair{119, 32}, {120, 31}, {128, 37}, {127, 38}, {2, 2}})
+        EXPECT_EQ(plate.at(x, y), 4) << x << ", " << y;
+    for (const auto& [x, y] : {std::pair{0, 0}, {1, 1}, {247, 70}, {246, 35}, {100, 69}})
+        EXPECT_EQ(plate.at(x, y), 1) << x << ", " << y;
+}
+
 TEST(DemoFiles, PaletteFollowsItsFormula)
 {
     const auto colours = demo::nesPalette();
@@ -172,8 +193,8 @@ TEST_F(DemoLists, NameTheGamesThings)
 TEST_F(DemoLists, PicturesAreLoaded)
 {
     for (const PixelImage& picture : state.resources.physicsBitmaps) {
-        EXPECT_EQ(picture.width(), 15U); // 28 x 0.57, truncated
-        EXPECT_EQ(picture.height(), 15U);
+        EXPECT_EQ(picture.width(), 141U); // 248 x 0.57, truncated: half of the selector's 282
+        EXPECT_EQ(picture.height(), 40U); // 71 x 0.57, truncated: an eighth of its 322
     }
     for (const PixelImage& picture : state.resources.doorBitmaps)
         EXPECT_EQ(picture.width(), 16U);
