@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace velko {
 
@@ -51,26 +52,20 @@ int cellStart(std::uint32_t index, std::uint32_t cells, int extent)
     return (static_cast<int>(index) * extent + count - 1) / count;
 }
 
-// Centres a picture in a cell whose corner is at (top, left).
-void drawFitted(PixelImage& image, const PixelImage& picture, int top, int left,
-                RoomView::Size cell)
+// As large as the largest picture, but no larger than the cells are shown.
+RoomView::Size physicsCellSize(std::span<const PixelImage> pictures)
 {
-    if (picture.empty())
-        return;
-    const auto width = static_cast<int>(picture.width());
-    const auto height = static_cast<int>(picture.height());
-    const int factor = std::min(cell.width / width, cell.height / height);
-    const RoomView::Size fitted = factor > 0
-        ? RoomView::Size{width * factor, height * factor}
-        : RoomView::Size{std::min(width, cell.width), std::min(height, cell.height)};
-    PixelImage shown;
-    give(shown, fitted);
-    if (factor > 0)
-        copyScaledNearest(shown, picture);
-    else
-        copyScaled(shown, picture);
-    blit(image, shown, left + (cell.width - fitted.width) / 2,
-         top + (cell.height - fitted.height) / 2);
+    const SelectorGrid& grid = kPhysicsSelector;
+    const RoomView::Size shown = {grid.display.width / static_cast<int>(grid.columns),
+                                  grid.display.height / static_cast<int>(grid.rows)};
+    RoomView::Size largest;
+    for (const PixelImage& picture : pictures) {
+        largest.width = std::max(largest.width, static_cast<int>(picture.width()));
+        largest.height = std::max(largest.height, static_cast<int>(picture.height()));
+    }
+    if (largest == RoomView::Size())
+        return shown;
+    return {std::min(largest.width, shown.width), std::min(largest.height, shown.height)};
 }
 
 // Draws the cells of the room one by one into the region that the view shows.
@@ -185,19 +180,28 @@ void drawPaletteSelector(const EditorState& state, const MapEditModel& model, Pi
 void drawPhysicsSelector(const EditorState& state, const MapEditModel& model, PixelImage& image)
 {
     const SelectorGrid& grid = kPhysicsSelector;
-    give(image, grid.display);
-    fill(image, state.backgroundColour);
+    const auto& pictures = state.resources.physicsBitmaps;
+    const RoomView::Size size = physicsCellSize(pictures);
+    PixelImage cell;
+    give(cell, size);
+    PixelImage cells(grid.columns * cell.width(), grid.rows * cell.height(),
+                     state.backgroundColour);
     for (std::uint32_t value = 0; value < grid.rows * grid.columns; ++value) {
-        const std::uint32_t row = value / grid.columns;
-        const std::uint32_t column = value % grid.columns;
-        const int top = cellStart(row, grid.rows, grid.display.height);
-        const int left = cellStart(column, grid.columns, grid.display.width);
-        const RoomView::Size cell = {cellStart(column + 1, grid.columns, grid.display.width) - left,
-                                     cellStart(row + 1, grid.rows, grid.display.height) - top};
-        drawFitted(image, state.resources.physicsBitmaps[value], top, left, cell);
-        if (value == model.selectedPhysics())
-            drawSelectionFrame(image, top, left, cell.height, cell.width);
+        if (pictures[value].empty())
+            continue;
+        copyScaled(cell, pictures[value]);
+        blit(cells, cell, static_cast<int>(value % grid.columns) * size.width,
+             static_cast<int>(value / grid.columns) * size.height);
     }
+    showScaled(image, cells, grid.display);
+
+    // Last, as the pictures may be so small that their pixels become large.
+    const std::uint32_t row = model.selectedPhysics() / grid.columns;
+    const std::uint32_t column = model.selectedPhysics() % grid.columns;
+    const int top = cellStart(row, grid.rows, grid.display.height);
+    const int left = cellStart(column, grid.columns, grid.display.width);
+    drawSelectionFrame(image, top, left, cellStart(row + 1, grid.rows, grid.display.height) - top,
+                       cellStart(column + 1, grid.columns, grid.display.width) - left);
 }
 
 void drawMapView(const EditorState& state, const MapEditModel& model, PixelImage& image,

@@ -17,9 +17,9 @@ namespace velko {
 void drawTileSelector(const EditorState& state, const MapEditModel& model, PixelImage& image);
 // The four background palettes, a row of four colours each, the selected one framed.
 void drawPaletteSelector(const EditorState& state, const MapEditModel& model, PixelImage& image);
-// The module's pictures of the physics values, two to a row, the selected one framed. A picture
-// stands in the middle of its cell, enlarged by a whole number where it fits; one that is larger
-// than the cell is scaled to it.
+// The module's pictures of the physics values, two to a row, the selected one framed. Each fills
+// its cell; of different sizes the largest counts. A picture of 141 x 40 pixels (248 x 71 in its
+// file) keeps its proportions.
 void drawPhysicsSelector(const EditorState& state, const MapEditModel& model, PixelImage& image);
 
 // The part of the room that model.view(), scrolled in steps, shows: in the physics mode in the
