@@ -107,8 +107,10 @@ private:
         std::ranges::stable_sort(blocks, [](const SurveyedBlock& a, const SurveyedBlock& b) {
             return a.start != b.start ? a.start < b.start : a.end > b.end;
         });
-        const auto repeated = std::ranges::unique(blocks, {}, &SurveyedBlock::start);
-        blocks.erase(repeated.begin(), repeated.end());
+        const auto repeated = std::unique(
+            blocks.begin(), blocks.end(),
+            [](const SurveyedBlock& a, const SurveyedBlock& b) { return a.start == b.start; });
+        blocks.erase(repeated, blocks.end());
         const SurveyedBlock* highest = nullptr; // the one that ends highest so far
         for (const SurveyedBlock& block : blocks) {
             if (highest)
