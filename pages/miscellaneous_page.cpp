@@ -56,9 +56,12 @@ void MiscellaneousPage::connectItem()
     connect(&box, &HexEdit::textChanged, this, [this, &box] {
         if (box.settingText())
             return;
-        m_model.setSpriteAddress(box.getHex());
-        // The box itself keeps the user's text until it is typed to its end.
+        const std::uint32_t typed = box.getHex();
+        m_model.setSpriteAddress(typed);
         showItem();
+        // A fifth digit pushes the first one out; an emptied box may stay empty for a while.
+        if (typed != m_model.spriteAddress())
+            showAddress();
     });
     connect(&box, &HexEdit::editingFinished, this, &MiscellaneousPage::showAddress);
 }

@@ -313,6 +313,25 @@ TEST_F(MiscellaneousPageTest, EachTypedDigitIsWritten)
     expectItem(true, true, 7, "91F2");
 }
 
+TEST_F(MiscellaneousPageTest, AddressTypedTooLongIsShownAsStoredAtOnce)
+{
+    type("12345");
+    EXPECT_EQ(image(), loadedExcept(0x3A00, {0x45, 0x23}));
+    EXPECT_EQ(address().text(), "2345");
+    QTest::keyClicks(&address(), "6");
+    EXPECT_EQ(image(), loadedExcept(0x3A00, {0x56, 0x34}));
+    EXPECT_EQ(address().text(), "3456");
+}
+
+TEST_F(MiscellaneousPageTest, AddressThatCannotBeStoredIsNotShown)
+{
+    state.config.setValue(MiscField::ptrNA_ChItemAddress, 0x7FFFFFFF);
+    page->refresh();
+    type("1");
+    EXPECT_EQ(address().text(), "5555");
+    EXPECT_EQ(image(), game.bytes);
+}
+
 TEST_F(MiscellaneousPageTest, FinishedAddressIsShownAsStored)
 {
     type("0x123FADE");
