@@ -6,6 +6,7 @@
 
 #include <QButtonGroup>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace velko {
 
@@ -105,26 +106,31 @@ void DoorPlacementPage::connectExits()
 
 void DoorPlacementPage::connectMap()
 {
-    const auto showPlaced = [this](bool placed) {
-        if (!placed)
-            return;
-        showEntrance();
-        showMap();
-    };
     PictureView& view = *m_ui->mapView;
-    connect(&view, &PictureView::mousePressed, this,
-            [this, showPlaced](QPoint point, Qt::MouseButton button) {
-                if (button == Qt::LeftButton)
-                    showPlaced(m_model.placeEntrance(point.x(), point.y()));
-            });
-    connect(&view, &PictureView::mouseMoved, this,
-            [this, showPlaced](QPoint point, Qt::MouseButtons buttons) {
-                showPlaced(
-                    m_model.moveMouse(point.x(), point.y(), buttons.testFlag(Qt::LeftButton)));
-            });
+    connect(&view, &PictureView::mousePressed, this, [this](QPoint point, Qt::MouseButton button) {
+        if (button == Qt::LeftButton && m_model.placeEntrance(point.x(), point.y()))
+            showPlaced();
+    });
+    connect(&view, &PictureView::mouseMoved, this, &DoorPlacementPage::moveMouse);
     m_scroller->connectMoved([this] { showMap(); });
     // Before the scroller, which takes every arrow key that reaches the view.
     view.installEventFilter(this);
+}
+
+void DoorPlacementPage::moveMouse(QPoint point, Qt::MouseButtons buttons)
+{
+    if (m_model.moveMouse(point.x(), point.y(), buttons.testFlag(Qt::LeftButton)))
+        showPlaced();
+}
+
+// A button that went down beside the map places the entrance as soon as the mouse comes onto it.
+void DoorPlacementPage::mouseMoveEvent(QMouseEvent* event)
+{
+    const PictureView& view = *m_ui->mapView;
+    const QPointF inView = view.mapFrom(this, event->position());
+    // The map may be scrolled out of sight in part.
+    const bool visible = view.visibleRegion().contains(inView.toPoint());
+    moveMouse(view.toPicture(inView), visible ? event->buttons() : Qt::NoButton);
 }
 
 bool DoorPlacementPage::eventFilter(QObject* watched, QEvent* event)
@@ -152,6 +158,12 @@ void DoorPlacementPage::showEntrance()
     m_ui->screenYEdit->setText(QString::number(entrance.screenRow));
     m_ui->blockXEdit->setText(QString::number(entrance.blockColumn));
     m_ui->blockYEdit->setText(QString::number(entrance.blockRow));
+}
+
+void DoorPlacementPage::showPlaced()
+{
+    showEntrance();
+    showMap();
 }
 
 void DoorPlacementPage::showEntranceInView()

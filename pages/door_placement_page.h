@@ -31,6 +31,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     using Radios = std::array<QRadioButton*, DoorModel::kSlots>;
@@ -41,6 +42,9 @@ private:
     void connectExits();
     void connectMap();
 
+    // To a point of the picture, or beyond its edges.
+    void moveMouse(QPoint point, Qt::MouseButtons buttons);
+    void showPlaced();
     // Shift and an arrow key, pressed on the map. Returns false for any other key.
     bool moveEntranceByKey(const QKeyEvent& key);
 

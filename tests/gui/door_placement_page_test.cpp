@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTest>
@@ -83,6 +84,13 @@ protected:
         QMouseEvent move(QEvent::MouseMove, point, map().mapToGlobal(QPointF(point)), Qt::NoButton,
                          buttons, {});
         QApplication::sendEvent(&map(), &move);
+    }
+    // Of the mouse, wherever the button went down.
+    void moveInWindow(QPoint point, Qt::MouseButtons buttons) const
+    {
+        QMouseEvent move(QEvent::MouseMove, point, point, page->mapToGlobal(QPointF(point)),
+                         Qt::NoButton, buttons, {});
+        QApplication::sendEvent(page->windowHandle(), &move);
     }
     void changeRoom(std::uint8_t number)
     {
@@ -366,6 +374,48 @@ TEST_F(DoorPlacementPageTest, DragMovesTheEntranceWithTheMouse)
     QTest::mouseRelease(&map(), Qt::LeftButton, {}, inWidget(27, 20));
     moveMouse(300, 300, Qt::NoButton);
     EXPECT_EQ(image(), loadedWithEntrance(0, 0x10, 0x11));
+}
+
+TEST_F(DoorPlacementPageTest, ButtonHeldPlacesWhereverItWentDown)
+{
+    const auto inPage = [this](int x, int y) { return map().mapTo(page.get(), inWidget(x, y)); };
+    const QPoint beside(page->width() - 3, page->height() - 3);
+    ASSERT_EQ(page->childAt(beside), nullptr);
+    const QPoint onHint = page->findChild<QLabel*>("hintLabel")->geometry().center();
+    for (const QPoint start : {beside, onHint}) {
+        load();
+        QTest::mousePress(page->windowHandle(), Qt::LeftButton, {}, start);
+        moveInWindow(inPage(-20, 313), Qt::LeftButton);
+        moveInWindow(inPage(500, 500), Qt::LeftButton);
+        EXPECT_EQ(image(), game.bytes);
+        moveInWindow(inPage(500, 313), Qt::LeftButton); // room pixel (300, 250)
+        EXPECT_EQ(image(), loadedWithEntrance(0, 0x21, 0x20));
+        expectFields("2", "1", "2", "0");
+        EXPECT_EQ(pixel(490, 310), kDoors[0]);
+        moveInWindow(inPage(510, 500), Qt::LeftButton);
+        QTest::mouseRelease(page->windowHandle(), Qt::LeftButton, {}, start);
+        moveInWindow(inPage(27, 20), Qt::NoButton);
+        EXPECT_EQ(image(), loadedWithEntrance(0, 0x21, 0x20));
+    }
+}
+
+TEST_F(DoorPlacementPageTest, MapThatIsScrolledOutOfSightTakesNoDrag)
+{
+    QScrollArea area;
+    area.setWidget(page.get());
+    area.resize(600, 500);
+    test::showActive(area);
+    const auto dragTo = [this](int x) {
+        const QPoint point = map().mapTo(page.get(), inWidget(x, 313));
+        QMouseEvent move(QEvent::MouseMove, point, page->mapToGlobal(QPointF(point)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(page.get(), &move);
+    };
+    dragTo(500);
+    EXPECT_EQ(image(), game.bytes);
+    dragTo(27);
+    EXPECT_EQ(image(), loadedWithEntrance(0, 0x11, 0x10)); // room pixel (16, 250)
+    area.takeWidget();
 }
 
 TEST_F(DoorPlacementPageTest, MoveToThePointSeenLastPlacesNothing)
