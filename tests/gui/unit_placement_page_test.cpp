@@ -68,6 +68,20 @@ TEST_F(UnitPlacementPageTest, ListsAndCombosAreFilled)
     EXPECT_TRUE(control<QCheckBox>(kAnimate).isChecked());
 }
 
+TEST_F(UnitPlacementPageTest, AbsentNamesAreEmpty)
+{
+    state.names.units[143].clear();
+    state.names.vramLoads[254].clear();
+    UnitPlacementPage other(state, prompt);
+    other.setup();
+    const auto* types = other.findChild<QComboBox*>("typeCombo");
+    EXPECT_EQ(types->count(), 144);
+    EXPECT_EQ(types->itemText(143), "");
+    const auto* ids = other.findChild<QComboBox*>("loadIdCombo");
+    EXPECT_EQ(ids->count(), 255);
+    EXPECT_EQ(ids->itemText(254), "");
+}
+
 TEST_F(UnitPlacementPageTest, FirstUnitAndFirstLoadAreSelected)
 {
     expectStats(0, 3, true, {"0", "0", "64", "32"});
@@ -123,6 +137,7 @@ TEST_F(UnitPlacementPageTest, RoomWithoutUnitsShowsNone)
     EXPECT_EQ(loads().model()->rowCount(), 0);
     EXPECT_FALSE(loadId().isEnabled());
     EXPECT_EQ(loadId().currentIndex(), -1);
+    EXPECT_EQ(control<PictureView>(kVramSetup).picture().at(18, 6), colour(16));
     for (std::uint32_t x = 0; x < 412; ++x)
         ASSERT_EQ(at(x, 100), colour(16));
     const Bytes before = image();
@@ -267,6 +282,19 @@ TEST_F(UnitPlacementPageTest, FullRegionIsToldAndNothingChanges)
     EXPECT_EQ(loads().model()->rowCount(), 3);
 }
 
+TEST_F(UnitPlacementPageTest, UnknownFreeSpaceIsToldAsNone)
+{
+    unitData().setFreeSpace(PointerArrayHandler::kFreeSpaceUnknown);
+    loadData().setFreeSpace(PointerArrayHandler::kFreeSpaceUnknown);
+    const Bytes before = image();
+    prompt.expect(kNoSpaceForUnit, MessageIcon::kExclamation);
+    click(kNew);
+    prompt.expect(kNoSpaceForLoad, MessageIcon::kExclamation);
+    click(kInsert);
+    EXPECT_TRUE(prompt.done());
+    EXPECT_EQ(image(), before);
+}
+
 TEST_F(UnitPlacementPageTest, RegionIsFilledToItsLastByte)
 {
     unitData().setFreeSpace(12);
@@ -370,6 +398,20 @@ TEST_F(UnitPlacementPageTest, TicksAnimateUntilTurnedOff)
     click(kAnimate);
     tick(2);
     EXPECT_EQ(at(132, 62), colour(19));
+}
+
+TEST_F(UnitPlacementPageTest, ChecksStayInOtherRooms)
+{
+    click(kSprites);
+    click(kAnimate);
+    changeRoom(1);
+    changeRoom(0);
+    EXPECT_FALSE(control<QCheckBox>(kSprites).isChecked());
+    EXPECT_FALSE(control<QCheckBox>(kAnimate).isChecked());
+    EXPECT_EQ(at(132, 62), 0x008080U);
+    tick(10);
+    click(kSprites);
+    EXPECT_EQ(at(132, 62), colour(17)); // still the first frame
 }
 
 TEST_F(UnitPlacementPageTest, BarsScrollInStepsOf16)
