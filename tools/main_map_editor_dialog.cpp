@@ -113,6 +113,14 @@ void MainMapEditorDialog::connectMap()
             actOnMap(m_model.press(MapButton::kRight, point.x(), point.y()));
     });
     connect(&view, &PictureView::mouseMoved, this, &MainMapEditorDialog::dragOnMap);
+    connect(&view, &PictureView::keyPressed, this, [this](QKeyEvent* key) {
+        const QPoint direction = arrowDirection(*key);
+        if (direction.isNull() || m_model.mode() != OverworldMode::kArea)
+            return;
+        key->accept();
+        m_model.moveArea(direction.x(), direction.y());
+        actOnMap(OverworldChange::kMap);
+    });
 }
 
 void MainMapEditorDialog::connectPickers()
@@ -253,6 +261,8 @@ void MainMapEditorDialog::showMode()
     m_modes.button(static_cast<int>(m_model.mode()))->setChecked(true);
     m_ui->areaGroup->setEnabled(m_model.areaControlsEnabled());
     m_ui->truckGroup->setEnabled(m_model.truckControlsEnabled());
+    // Only an area can be moved by keys.
+    m_ui->mapView->setFocusPolicy(m_model.areaControlsEnabled() ? Qt::StrongFocus : Qt::NoFocus);
 }
 
 void MainMapEditorDialog::showAreaFields(const HexEdit* typedIn)

@@ -28,6 +28,15 @@ std::uint8_t onAreaGrid(int mapPixel)
     return static_cast<std::uint8_t>(shifted - shifted % kAreaGrid);
 }
 
+// One coordinate of an area, so many steps on, on a map of `size` pixels.
+std::uint8_t movedOnAreaGrid(std::uint8_t position, int steps, int size)
+{
+    if (steps == 0)
+        return position;
+    const int moved = position - position % kAreaGrid + steps * kAreaGrid;
+    return static_cast<std::uint8_t>(std::clamp<int>(moved, onAreaGrid(0), onAreaGrid(size - 1)));
+}
+
 } // namespace
 
 void loadOverworldGraphics(EditorState& state)
@@ -69,6 +78,15 @@ void OverworldModel::selectArea(int area)
     m_area = std::clamp(area, 0, lastArea());
     m_entry = 0;
     m_movement.selectArea(static_cast<std::uint32_t>(m_area));
+}
+
+void OverworldModel::moveArea(int columns, int rows)
+{
+    const auto area = static_cast<std::uint32_t>(m_area);
+    const AreaPosition old = m_map.areaPosition(area);
+    m_map.setAreaPosition(area,
+                          {movedOnAreaGrid(old.x, columns, OverworldMap::kWidth),
+                           movedOnAreaGrid(old.y, rows, OverworldMap::kHeight)});
 }
 
 int OverworldModel::lastEntry() const

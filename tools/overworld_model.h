@@ -64,6 +64,8 @@ public:
     int lastArea() const;
     int area() const { return m_area; }
     void selectArea(int area);
+    // Moves the area by steps of 8 pixels along its grid, as far as the mouse could place it.
+    void moveArea(int columns, int rows);
     // Movement entries of the area.
     int lastEntry() const;
     bool canChooseEntry() const; // there is more than one, and the area's controls are enabled

@@ -825,7 +825,7 @@ TEST_F(MainMapEditorDialogTest, TabReachesEveryControl)
     }
     EXPECT_EQ(reached,
               (std::set<int>{kClose, kChopperSpin, kPreviewSpin, kChopper, kPreview, kFirstDigit,
-                             kSecondDigit, kTilePicker, kPresetPicker, kAreaMode, kArea,
+                             kSecondDigit, kMap, kTilePicker, kPresetPicker, kAreaMode, kArea,
                              kMovementPlus, kMovementMinus}));
 }
 
@@ -837,6 +837,33 @@ TEST_F(MainMapEditorDialogTest, TabGoesThroughTheTruckControlsInOrder)
                          int{kPhasePlus}, int{kPhaseMinus}, kFirstDirection + 4, int{kClose}}) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->property(kControlId).toInt(), id);
+    }
+}
+
+TEST_F(MainMapEditorDialogTest, ArrowKeysMoveTheArea)
+{
+    openIn(kAreaMode);
+    drag(kArea, 1);
+    clickMap({234, 162}); // to (128, 96), and gives the map the focus
+    ASSERT_TRUE(map().hasFocus());
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Up})
+        QTest::keyClick(&map(), key);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas + 2, {136, 88}));
+    // The frame went along: its white second row lies 10 pixels above the centre, (112, 64).
+    EXPECT_EQ(mapPixel({112 * 468 / 208, (64 - 10) * 324 / 144 + 1}), 0xFFFFFFU);
+    QTest::keyClick(&map(), Qt::Key_Plus);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas + 2, {136, 88}));
+}
+
+TEST_F(MainMapEditorDialogTest, MapTakesKeysInAreaModeOnly)
+{
+    open();
+    for (const int mode : {kTileMode, kPresetMode, kPaletteMode, kTruckMode}) {
+        click(mode);
+        QTest::mouseClick(&map(), Qt::MiddleButton, {}, inWidget(cell(3, 3)));
+        EXPECT_FALSE(map().hasFocus()) << mode;
+        QTest::keyClick(&map(), Qt::Key_Right);
+        EXPECT_EQ(image(), game.bytes) << mode;
     }
 }
 

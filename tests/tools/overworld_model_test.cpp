@@ -146,6 +146,31 @@ TEST_F(OverworldModelTest, AnotherAreaStartsWithItsFirstEntry)
     EXPECT_EQ(m.entry(), 0);
 }
 
+TEST_F(OverworldModelTest, AreaMovesAlongItsGrid)
+{
+    game.write(overworld::kAreas, {67, 75});
+    OverworldModel& m = open(OverworldMode::kArea);
+    m.moveArea(1, 0);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas, {72, 75})) << "the other one stays";
+    m.moveArea(0, -1);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas, {72, 64}));
+}
+
+TEST_F(OverworldModelTest, AreaMovesAsFarAsTheMouseCanPlaceIt)
+{
+    OverworldModel& m = open(OverworldMode::kArea);
+    m.selectArea(2);
+    for (int i = 0; i < 40; ++i)
+        m.moveArea(1, 1);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas + 4, {232, 168}));
+    for (int i = 0; i < 40; ++i)
+        m.moveArea(-1, -1);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas + 4, {24, 24}));
+    state.rom.writeByte(overworld::kAreas + 4, 255); // where only a game itself puts it
+    m.moveArea(1, 0);
+    EXPECT_EQ(image(), loadedExcept(overworld::kAreas + 4, {232, 24}));
+}
+
 TEST_F(OverworldModelTest, EntryIsChosenOnlyAmongSeveralAndInAreaMode)
 {
     OverworldModel& m = open(OverworldMode::kArea);
