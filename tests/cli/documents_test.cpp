@@ -129,13 +129,16 @@ protected:
             ->check(CLI::IsMember({"red", "blue"}));
         paint->add_option("--scale", scale, "The scale");
         CLI::App* const patch = app.add_subcommand("patch", "Patches");
-        patch->add_subcommand("make", "Makes one")->add_flag("-q", quiet, "Less");
+        CLI::App* const make = patch->add_subcommand("make", "Makes one");
+        make->add_flag("-q", quiet, "Less");
+        make->add_option("-o,--output", output, "The file")->type_name("PATH");
         patch->add_option_group("Group")->add_flag("--grouped", quiet, "In a group");
     }
 
     CLI::App app{"Made up", "velko-cli"};
     std::vector<std::string> files;
     std::string colour;
+    std::string output;
     int scale = 0;
     bool quiet = false;
 };
@@ -179,7 +182,7 @@ TEST_F(MadeUpProgram, BashFollowsVerbsOfVerbs)
     EXPECT_THAT(script, HasSubstr("':patch') command='patch' ;;\n"));
     EXPECT_THAT(script, HasSubstr("'patch:make') command='patch make' ;;\n"));
     EXPECT_THAT(script, HasSubstr("'paint:--colour') words='red blue' ;;\n"));
-    EXPECT_THAT(script, HasSubstr("'patch make') options='-q' others='' ;;\n"));
+    EXPECT_THAT(script, HasSubstr("'patch make') options='-q -o --output' others='' ;;\n"));
 }
 
 TEST_F(MadeUpProgram, TextsAreEscapedForZsh)
@@ -187,6 +190,7 @@ TEST_F(MadeUpProgram, TextsAreEscapedForZsh)
     const std::string script = zshCompletion(describe(app));
     EXPECT_THAT(script, HasSubstr("'paint:It'\\''s \\\\ '\\''new'\\'''"));
     EXPECT_THAT(script, HasSubstr("'(--colour)--colour[The colour]:COLOUR:(red blue)'"));
+    EXPECT_THAT(script, HasSubstr("'(-o --output)-o[The file]:PATH:_files'"));
     EXPECT_THAT(script, HasSubstr("'(--scale)--scale[The scale]:INT:'"));
     EXPECT_THAT(script, HasSubstr("make) _velko-cli_patch_make && ret=0 ;;\n"));
 }
@@ -195,6 +199,8 @@ TEST_F(MadeUpProgram, TextsAreEscapedForFish)
 {
     const std::string script = fishCompletion(describe(app));
     EXPECT_THAT(script, HasSubstr("-f -a paint -d 'It\\'s \\\\ \\'new\\''\n"));
+    EXPECT_THAT(script, HasSubstr(" -s o -l output -r -F -d 'The file'\n"));
+    EXPECT_THAT(script, HasSubstr(" -l scale -x -d 'The scale'\n"));
     EXPECT_THAT(script, HasSubstr("-l colour -x -a 'red blue' -d 'The colour'\n"));
     EXPECT_THAT(script,
                 HasSubstr("-n '__fish_seen_subcommand_from patch; and not "
