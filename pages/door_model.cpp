@@ -79,6 +79,16 @@ Entrance DoorModel::entranceOf(std::uint32_t slot) const
     return Entrance::fromBytes(screen, block);
 }
 
+void DoorModel::setEntrance(std::uint32_t slot, const Entrance& entrance)
+{
+    m_state.rom.writeByte(
+        entranceOffset(MiscField::ptrEntranceScreen, slot),
+        static_cast<std::uint8_t>(entrance.screenColumn << 4 | (entrance.screenRow & 0xF)));
+    m_state.rom.writeByte(
+        entranceOffset(MiscField::ptrEntranceBlock, slot),
+        static_cast<std::uint8_t>(entrance.blockColumn << 4 | (entrance.blockRow & 0xF)));
+}
+
 bool DoorModel::placeEntrance(int x, int y)
 {
     if (!liesInPicture(x, y))

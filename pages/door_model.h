@@ -49,6 +49,9 @@ public:
     // Slots 0-3. The view goes to the entrance when it is set.
     void selectEntrance(std::uint32_t slot);
     Entrance entrance() const { return entranceOf(m_entrance); }
+    // Of any slot, which may be read and written as it is.
+    Entrance entranceOf(std::uint32_t slot) const;
+    void setEntrance(std::uint32_t slot, const Entrance& entrance);
 
     // Puts the selected entrance into the block under a point of the picture. Returns false,
     // changing nothing, for a point outside of it. A room of more than 15 screens each way is
@@ -78,7 +81,6 @@ public:
     void draw(PixelImage& picture);
 
 private:
-    Entrance entranceOf(std::uint32_t slot) const;
     void storeEntrance(std::uint32_t roomX, std::uint32_t roomY);
     void centreOn(RoomView::Position corner);
     // Whether a block shows, at least in part.

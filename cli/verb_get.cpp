@@ -1,0 +1,129 @@
+#include "cli/verb_get.h"
+
+#include "cli/arguments.h"
+#include "cli/field.h"
+#include "cli/game.h"
+#include "cli/json.h"
+#include "cli/output_file.h"
+#include "rom/number_text.h"
+
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+namespace velko {
+
+namespace {
+
+CLI::Option* addField(CLI::App& command, std::string& name)
+{
+    return command
+        .add_option("FIELD", name,
+                    "The value's name, like room.12.palette.5; all numbers are "
+                    "hexadecimal and counted from 0")
+        ->required()
+        ->type_name("");
+}
+
+class GetVerb : public Verb {
+public:
+    void declare(CLI::App& command) override
+    {
+        addRom(command, m_rom);
+        addField(command, m_name);
+        addJson(command, m_json);
+    }
+
+    ExitStatus run(const Context& context) override
+    {
+        EditorState state;
+        if (const auto reason = openGame(context, m_rom, state))
+            return context.fail(*reason);
+        const FieldResult result = findField(state, m_name);
+        if (const auto* reason = std::get_if<std::string>(&result))
+            return context.fail(m_name + ": " + *reason);
+        const auto& field = std::get<Field>(result);
+        if (m_json)
+            writeJson(context.out(), Json{{"field", m_name}, {"value", field.value}});
+        else
+            context.out() << hexText(field.value) << '\n';
+        return ExitStatus::kFine;
+    }
+
+private:
+    std::string m_rom;
+    std::string m_name;
+    bool m_json = false;
+};
+
+// What a refused value could have been.
+std::string boundsText(const Field& field)
+{
+    std::string text = hexText(field.smallest) + " to " + hexText(field.largest);
+    if (field.step > 1)
+        text += ", multiples of " + hexText(field.step);
+    if (field.also)
+        text += ", or " + hexText(*field.also);
+    return text;
+}
+
+class SetVerb : public Verb {
+public:
+    void declare(CLI::App& command) override
+    {
+        addRom(command, m_rom);
+        addField(command, m_name);
+        addHex(command, "VALUE", m_value, "The new value, hexadecimal")->required()->type_name("");
+        addOutput(command, m_output, "The ROM file to write");
+    }
+
+    ExitStatus run(const Context& context) override
+    {
+        EditorState state;
+        if (const auto reason = openGame(context, m_rom, state))
+            return context.fail(*reason);
+        const FieldResult result = findField(state, m_name);
+        if (const auto* reason = std::get_if<std::string>(&result))
+            return context.fail(m_name + ": " + *reason);
+        const auto& field = std::get<Field>(result);
+        if (!field.set)
+            return context.fail(m_name + " can only be read", ExitStatus::kFindings);
+        if (!field.allows(*m_value))
+            return context.fail(m_name + " takes " + boundsText(field) + ", not "
+                                    + hexText(*m_value),
+                                ExitStatus::kFindings);
+        field.set(*m_value);
+        if (!holdsNow(state))
+            return context.fail(m_name + " lies past the end of the file", ExitStatus::kFindings);
+        if (const auto reason = writeFile(context.path(m_output), state.rom.bytes()))
+            return context.fail(*reason);
+        return ExitStatus::kFine;
+    }
+
+private:
+    // A write past the end of the image is dropped.
+    bool holdsNow(EditorState& state) const
+    {
+        const FieldResult result = findField(state, m_name);
+        const auto* field = std::get_if<Field>(&result);
+        return field == nullptr || field->value == *m_value;
+    }
+
+    std::string m_rom;
+    std::string m_name;
+    std::optional<std::uint32_t> m_value;
+    std::string m_output;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> makeGetVerb()
+{
+    return std::make_unique<GetVerb>();
+}
+
+std::unique_ptr<Verb> makeSetVerb()
+{
+    return std::make_unique<SetVerb>();
+}
+
+} // namespace velko
