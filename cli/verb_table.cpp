@@ -3,6 +3,7 @@
 #include "cli/verb_get.h"
 #include "cli/verb_info.h"
 #include "cli/verb_module.h"
+#include "cli/verb_patch.h"
 #include "cli/verb_render.h"
 
 namespace velko {
@@ -14,6 +15,7 @@ constexpr VerbEntry kVerbs[] = {
     {"info", "Tell what a ROM holds: its size, banks and rooms, and the use of each region",
      makeInfoVerb},
     {"module", "Check a module's data.yaml for what the editor would misread", makeModuleVerb},
+    {"patch", "Make a patch of two ROMs, or apply one (IPS, BPS)", makePatchVerb},
     {"render", "Draw rooms, a screen, the overworld or background blocks as PNG files",
      makeRenderVerb},
     {"check", "Look for damaged and suspicious data in a ROM", makeCheckVerb},
