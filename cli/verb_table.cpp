@@ -1,5 +1,6 @@
 #include "cli/verb.h"
 #include "cli/verb_check.h"
+#include "cli/verb_data.h"
 #include "cli/verb_get.h"
 #include "cli/verb_info.h"
 #include "cli/verb_module.h"
@@ -19,6 +20,7 @@ constexpr VerbEntry kVerbs[] = {
     {"render", "Draw rooms, a screen, the overworld or background blocks as PNG files",
      makeRenderVerb},
     {"check", "Look for damaged and suspicious data in a ROM", makeCheckVerb},
+    {"data", "Allocate, share, copy, delete and join the blocks of rooms", makeDataVerb},
     {"get", "Tell one value by its name", makeGetVerb},
     {"set", "Change one value by its name", makeSetVerb},
 };

@@ -54,11 +54,13 @@ std::string DataManagementModel::freeSpaceText(RoomDataKind kind) const
     return "0x" + hexText(static_cast<std::uint32_t>(handler(kind).freeSpace()));
 }
 
-void DataManagementModel::allocateUniqueData(RoomDataKind kind)
+bool DataManagementModel::allocateUniqueData(RoomDataKind kind)
 {
     const std::uint32_t firstScreen = m_state.config.value(MiscField::mapAllocDataStart);
-    if (operations(kind).allocateUniqueData(newBlock(kind, firstScreen)))
-        rebuildTiles(kind);
+    if (!operations(kind).allocateUniqueData(newBlock(kind, firstScreen)))
+        return false;
+    rebuildTiles(kind);
+    return true;
 }
 
 void DataManagementModel::deleteData(RoomDataKind kind)
@@ -73,10 +75,11 @@ void DataManagementModel::setPointerToRoom(RoomDataKind kind, int roomB)
     rebuildTiles(kind);
 }
 
-void DataManagementModel::cloneDataOfRoom(RoomDataKind kind, int roomB)
+CloneResult DataManagementModel::cloneDataOfRoom(RoomDataKind kind, int roomB)
 {
-    operations(kind).cloneDataOfRoom(static_cast<std::uint32_t>(roomB));
+    const CloneResult result = operations(kind).cloneDataOfRoom(static_cast<std::uint32_t>(roomB));
     rebuildTiles(kind);
+    return result;
 }
 
 void DataManagementModel::deleteUnusedData(RoomDataKind kind)

@@ -46,10 +46,11 @@ public:
     // "0x12c"; "0xffffffff" where it is not known.
     std::string freeSpaceText(RoomDataKind kind) const;
 
-    void allocateUniqueData(RoomDataKind kind);
+    // Returns false, changing nothing, without enough free space, which is told.
+    bool allocateUniqueData(RoomDataKind kind);
     void deleteData(RoomDataKind kind);
     void setPointerToRoom(RoomDataKind kind, int roomB);
-    void cloneDataOfRoom(RoomDataKind kind, int roomB);
+    CloneResult cloneDataOfRoom(RoomDataKind kind, int roomB);
     void deleteUnusedData(RoomDataKind kind);
     void joinIdenticalData(RoomDataKind kind);
 

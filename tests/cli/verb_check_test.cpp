@@ -1,3 +1,4 @@
+#include "check/finding.h"
 #include "tests/cli/cli_fixture.h"
 
 #include <algorithm>
@@ -87,6 +88,18 @@ TEST_F(CliTest, CheckOfACutRomTellsErrors)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "");
     EXPECT_GT(outcome.json()["errors"], 100);
+}
+
+TEST(CheckDocumentation, TellsEveryCode)
+{
+    const auto text = loadTextFile(std::filesystem::path(VELKO_DOCS_DIR) / "cli.md");
+    ASSERT_TRUE(text);
+    for (std::size_t i = 0; i < kFindingKinds; ++i) {
+        const auto kind = static_cast<FindingKind>(i);
+        EXPECT_THAT(*text,
+                    HasSubstr("\n| `" + std::string(codeOf(kind)) + "` | "
+                              + std::string(severityName(severityOf(kind))) + " | "));
+    }
 }
 
 TEST_F(CliTest, CheckOfNoRom)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "state/editor_state.h"
+#include "store/block_kinds.h"
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <vector>
+
+namespace velko {
+
+// Where the block of a room is, and which other rooms have the same pointer.
+struct ListedBlock {
+    std::uint32_t room = 0;
+    std::uint16_t pointer = 0;
+    std::uint32_t length = 0; // bytes
+    std::vector<std::uint32_t> sharedWith;
+};
+
+// The blocks of one kind of all rooms, or of one.
+std::vector<ListedBlock> listBlocks(const EditorState& state, const BlockKind& kind,
+                                    std::optional<std::uint32_t> onlyRoom = std::nullopt);
+
+void writeListing(std::ostream& out, const std::vector<ListedBlock>& blocks,
+                  std::int32_t freeSpace);
+void writeListingAsJson(std::ostream& out, const std::vector<ListedBlock>& blocks,
+                        std::int32_t freeSpace);
+
+} // namespace velko
