@@ -1,4 +1,5 @@
 #include "cli/verb.h"
+#include "cli/verb_atlas.h"
 #include "cli/verb_check.h"
 #include "cli/verb_data.h"
 #include "cli/verb_get.h"
@@ -23,6 +24,8 @@ constexpr VerbEntry kVerbs[] = {
     {"data", "Allocate, share, copy, delete and join the blocks of rooms", makeDataVerb},
     {"get", "Tell one value by its name", makeGetVerb},
     {"set", "Change one value by its name", makeSetVerb},
+    {"atlas", "Write a web site of all rooms, the ways between them and the overworld",
+     makeAtlasVerb},
 };
 
 } // namespace
