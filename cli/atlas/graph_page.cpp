@@ -16,11 +16,11 @@ constexpr int kCardHeight = 102;
 constexpr int kStepX = 190;
 constexpr int kStepY = 132;
 constexpr int kMargin = 20;
-// A line past cards that stand between its ends keeps this far from their middle: outside of them,
-// the further the longer it is, but in the gap beside them.
-constexpr int kBulge = kCardWidth / 2 + 8;
-constexpr int kBulgePerRow = 4;
-constexpr int kLargestBulge = kStepX - kCardWidth / 2 - 8;
+// A line past cards that stand between its ends keeps to the gap on their right, the further from
+// them the longer it is.
+constexpr int kSmallestBulge = 8;
+constexpr int kBulgePerRow = 3;
+constexpr int kLargestBulge = kStepX - kCardWidth - 8;
 
 struct Spot {
     int x = 0;
@@ -57,21 +57,36 @@ std::string pathText(Spot spot)
     return std::to_string(spot.x) + " " + std::to_string(spot.y);
 }
 
+std::string curve(Spot start, Spot control, Spot end)
+{
+    return "M" + pathText(start) + " Q" + pathText(control) + " " + pathText(end);
+}
+
+std::string curveBeside(GraphPlace from, GraphPlace to, int rows)
+{
+    const auto side = [](GraphPlace place) {
+        return Spot{cardCorner(place).x + kCardWidth, cardCentre(place).y};
+    };
+    // A curve goes half the way to its control point.
+    const int reach = 2 * std::min(kSmallestBulge + kBulgePerRow * rows, kLargestBulge);
+    return curve(side(from), {side(from).x + reach, (side(from).y + side(to).y) / 2}, side(to));
+}
+
 std::string lineOnPage(const RoomGraph& graph, const GraphLine& line)
 {
     const GraphPlace from = graph.places[line.from];
     const GraphPlace to = graph.places[line.to];
-    const Spot start = cardCentre(from);
-    const Spot end = cardCentre(to);
     const int rows = std::abs(static_cast<int>(from.row) - static_cast<int>(to.row));
-    Spot middle{(start.x + end.x) / 2, (start.y + end.y) / 2};
-    // A straight line down a column would run behind the cards between its ends.
-    // A curve goes half the way to its control point.
-    if (from.column == to.column && rows > 1)
-        middle.x += 2 * std::min(kBulge + kBulgePerRow * rows, kLargestBulge);
-    return "<path d=\"M" + pathText(edgeOfCard(middle, start)) + " Q" + pathText(middle) + " "
-        + pathText(edgeOfCard(middle, end)) + "\""
-        + (line.bothWays ? "" : " marker-end=\"url(#arrow)\"") + "/>\n";
+    std::string path;
+    if (from.column == to.column && rows > 1) {
+        path = curveBeside(from, to, rows);
+    } else {
+        const Spot start = cardCentre(from);
+        const Spot end = cardCentre(to);
+        path = "M" + pathText(edgeOfCard(end, start)) + " L" + pathText(edgeOfCard(start, end));
+    }
+    return "<path d=\"" + path + "\"" + (line.bothWays ? "" : " marker-end=\"url(#arrow)\"")
+        + "/>\n";
 }
 
 std::vector<GraphWay> waysOf(const AtlasData& atlas)
