@@ -512,6 +512,16 @@ TEST_F(UnitPlacementModelTest, EntryFrom80OnEndsWhatIsLoadedButCanBeSetBackOrDel
     EXPECT_EQ(model.selectedLoad(), 1);
 }
 
+TEST_F(UnitPlacementModelTest, EntryIsInsertedBeforeOneThatIsNotShown)
+{
+    model.selectLoad(1);
+    model.setLoadId(0x80);
+    ASSERT_TRUE(model.insertLoad().ok());
+    EXPECT_EQ(loadBytes(5), (Bytes{0, 0, 0x80, 2, 0xFF}));
+    EXPECT_EQ(model.selectedLoad(), 1);
+    EXPECT_EQ(model.loadLines(), (std::vector<std::string>{"0: - Load 0", "1: - Load 0"}));
+}
+
 TEST_F(UnitPlacementModelTest, ListThatBeginsWith80HasNoLoadsButCanBeDeletedFrom)
 {
     setIds({0x80, 1});

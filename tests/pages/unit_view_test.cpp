@@ -178,6 +178,7 @@ TEST_F(UnitViewTest, UnitWithoutASpriteIsAFramedSquare)
     draw();
     EXPECT_EQ(at(260, 150), 0x008040U);  // (200, 128), in the square
     EXPECT_EQ(at(252, 150), 0x008040U);  // 193.8
+    EXPECT_EQ(at(270, 150), 0x008040U);  // 207.7: from 193 to 208
     EXPECT_EQ(at(247, 150), 0x000000U);  // 190: 11 left of the position
     EXPECT_EQ(at(273, 150), 0xFFFFFFU);  // 210: two pixels of white
     EXPECT_EQ(at(245, 150), colour(16)); // 188.5
