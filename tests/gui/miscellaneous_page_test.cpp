@@ -301,6 +301,15 @@ TEST_F(MiscellaneousPageTest, PreviousItemOnScreenCanBeChosenForGood)
     EXPECT_EQ(image(), loadedExcept(0x3904, {7}));
 }
 
+TEST_F(MiscellaneousPageTest, CheckStaysAsItWasInOtherRooms)
+{
+    changeRoom(45);
+    EXPECT_TRUE(check().isChecked());
+    changeRoom(kEmpty);
+    changeRoom(45);
+    EXPECT_FALSE(check().isChecked());
+}
+
 // The address
 
 TEST_F(MiscellaneousPageTest, EachTypedDigitIsWritten)

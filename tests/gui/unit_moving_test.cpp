@@ -250,14 +250,22 @@ TEST_F(BorderScrollingTest, PointerAwayFromTheBorderEndsTheScrolling)
 
 TEST_F(BorderScrollingTest, OnItsWayFromTheListThePointerScrollsNothing)
 {
+    const auto moveOverList = [this] {
+        QTest::mouseMove(page->windowHandle(), units().mapTo(page.get(), QPoint(20, 20)));
+    };
     doubleClickUnit(0);
-    QTest::mouseMove(page->windowHandle(), units().mapTo(page.get(), QPoint(20, 20)));
+    moveOverList();
     tick(10);
     EXPECT_EQ(scroll(), QPoint(0, 0));
     move(208, 188);
-    QTest::mouseMove(page->windowHandle(), units().mapTo(page.get(), QPoint(20, 20)));
+    moveOverList();
     tick(5);
     EXPECT_EQ(scroll().x(), 48); // the list lies right of the view
+    press(208, 188);
+    doubleClickUnit(1); // the next one has its own way
+    moveOverList();
+    tick(10);
+    EXPECT_EQ(scroll().x(), 48);
 }
 
 // Beside the page's other controls the pointer is the page's at once.

@@ -372,9 +372,21 @@ TEST_F(UnitPlacementPageTest, IdFrom80OnEndsTheShownList)
     EXPECT_EQ(lines(loads()), QStringList{"0: - Load 0"});
     EXPECT_EQ(chosen(loads()), -1);
     EXPECT_EQ(loadId().currentIndex(), 128);
+    EXPECT_TRUE(loadId().isEnabled());
     click(kDelete);
     EXPECT_EQ(loadBytes(3), (Bytes{0, 2, 0xFF}));
     EXPECT_EQ(chosen(loads()), 1);
+}
+
+TEST_F(UnitPlacementPageTest, ListThatBeginsWith80HasNothingToSet)
+{
+    setLoads({0x80, 1});
+    page->refresh();
+    EXPECT_EQ(loads().model()->rowCount(), 0);
+    EXPECT_FALSE(loadId().isEnabled());
+    click(kInsert);
+    EXPECT_EQ(loadBytes(4), (Bytes{0, 0x80, 1, 0xFF}));
+    EXPECT_TRUE(loadId().isEnabled());
 }
 
 // The view
