@@ -2,6 +2,7 @@
 #include "cli/verb_atlas.h"
 #include "cli/verb_check.h"
 #include "cli/verb_data.h"
+#include "cli/verb_diff.h"
 #include "cli/verb_get.h"
 #include "cli/verb_info.h"
 #include "cli/verb_module.h"
@@ -22,6 +23,8 @@ constexpr VerbEntry kVerbs[] = {
      makeRenderVerb},
     {"check", "Look for damaged and suspicious data in a ROM", makeCheckVerb},
     {"data", "Allocate, share, copy, delete and join the blocks of rooms", makeDataVerb},
+    {"diff", "Tell in what two ROMs differ: rooms, blocks and values instead of bytes",
+     makeDiffVerb},
     {"get", "Tell one value by its name", makeGetVerb},
     {"set", "Change one value by its name", makeSetVerb},
     {"atlas", "Write a web site of all rooms, the ways between them and the overworld",
