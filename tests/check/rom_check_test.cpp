@@ -1,4 +1,6 @@
+#include "pages/data_management_model.h"
 #include "tests/check/check_rom.h"
+#include "tests/support/scripted_prompt.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -174,6 +176,24 @@ TEST_F(RomCheck, OverlappingBlocks)
     EXPECT_THAT(check(),
                 ElementsAre("overlapping-blocks 3 6020 The palette of room 3 starts at $a010, "
                             "inside the one of room 0, $a000 to $a01f."));
+}
+
+// What the editor takes for unused behind a block may belong to one that starts inside it.
+TEST_F(RomCheck, OverlapIsToldBecauseDeletingUnusedDataCutsIntoIt)
+{
+    game.setPointer(&GameConfig::pahPal, 2, 0xA010);
+    game.setPointer(&GameConfig::pahPal, 3, 0xA040);
+    game.write(0x6030, Bytes(16, 0x21)); // the upper half of room 2's
+    EXPECT_THAT(check(),
+                ElementsAre("overlapping-blocks 2 6020 The palette of room 2 starts at $a010, "
+                            "inside the one of room 0, $a000 to $a01f.",
+                            "gap - 6040 No palette holds the 16 bytes from $a030 to $a03f."));
+    EditorState state;
+    game.loadInto(state);
+    test::ScriptedPrompt prompt;
+    prompt.expect("32 (0x20) bytes removed in 1 chunks."); // not 16
+    DataManagementModel(state, prompt).deleteUnusedData(RoomDataKind::kPalette);
+    EXPECT_EQ(state.store.pahPal.dataByte(16, 2), 0x00);
 }
 
 TEST_F(RomCheck, BlockInsideALongerOneThatEndsBehindTheNext)

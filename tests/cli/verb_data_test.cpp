@@ -21,7 +21,6 @@ constexpr std::array<const char*, kRoomDataKinds> kKinds = {"alloc", "layout", "
 
 // File offsets of the demo's tables.
 constexpr std::size_t kPaletteTable = 0x2C010;
-constexpr std::size_t kScreenListTable = 0x3D010;
 constexpr std::size_t kLayoutTable = 0x3D110; // four bytes per entry
 
 // Somebody who clicks these buttons, the last one until the end.
