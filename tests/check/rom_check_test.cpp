@@ -109,6 +109,13 @@ TEST_F(RomCheck, BlockPastItsRegion)
                     "gap - 6030 No palette holds the 4048 bytes from $a020 to $afef."));
 }
 
+TEST_F(RomCheck, BlockUpToTheEndOfItsRegion)
+{
+    game.setPointer(&GameConfig::pahPal, 1, 0xAFE0);
+    EXPECT_THAT(check(),
+                ElementsAre("gap - 6030 No palette holds the 4032 bytes from $a020 to $afdf."));
+}
+
 TEST_F(RomCheck, ScreenListWithoutEnd)
 {
     game.setScreenList(3, {0x8600});  // at $8004
@@ -128,6 +135,28 @@ TEST_F(RomCheck, UnitListWithoutEnd)
     EXPECT_THAT(check(),
                 ElementsAre("unterminated-list 3 7011 The unit list of room 3 at $b001 has no end "
                             "mark before the end of its region, $b800."));
+}
+
+TEST_F(RomCheck, BlocksAboveAListWithoutEndAreChecked)
+{
+    game.write(0x7011, Bytes(16)); // $B001 to $B010, with ends where no record of room 1 starts
+    game.setPointer(&GameConfig::pahUnit, 1, 0xB001);
+    game.write(0x7018, {0xFF, 0, 0xFF});
+    game.setPointer(&GameConfig::pahUnit, 2, 0xB008);
+    game.setPointer(&GameConfig::pahUnit, 3, 0xB00A);
+    EXPECT_THAT(check(),
+                ElementsAre("unterminated-list 1 7011 The unit list of room 1 at $b001 has no end "
+                            "mark before the end of its region, $b800.",
+                            "gap - 7019 No unit list holds the 1 byte from $b009 to $b009."));
+}
+
+TEST_F(RomCheck, LoadListsWithoutEndInALongRegion)
+{
+    game.config.pahTileLoadType2.dBank = {test::layout::kSpriteBank, test::layout::kFixedBank};
+    for (std::uint32_t entry = 0; entry < 6; ++entry)
+        game.setPointer(&GameConfig::pahTileLoadType2, entry, 0x8000); // of zeros
+    EXPECT_THAT(check(), ::testing::SizeIs(6));
+    EXPECT_THAT(check(), ::testing::Each(::testing::StartsWith("unterminated-list ")));
 }
 
 TEST_F(RomCheck, LoadListWithoutEnd)
@@ -176,6 +205,19 @@ TEST_F(RomCheck, OverlappingBlocks)
     EXPECT_THAT(check(),
                 ElementsAre("overlapping-blocks 3 6020 The palette of room 3 starts at $a010, "
                             "inside the one of room 0, $a000 to $a01f."));
+}
+
+TEST_F(RomCheck, BlockInsideTheLongerOfTwoWithOnePointer)
+{
+    const std::uint16_t layout = game.setLayout(3, 1, 2, {0, 0}); // $9003 to $9008
+    game.setPointer(&GameConfig::pahMapLayout, 2, layout);
+    game.setStoredSize(2, 3, 1);
+    game.setPointer(&GameConfig::pahMapLayout, 1, 0x9006);
+    EXPECT_THAT(check(),
+                ElementsAre("overlapping-blocks 1 5016 The map layout of room 1 starts at $9006, "
+                            "inside the one of room 3, $9003 to $9008.",
+                            "sizes-differ 3 49e The map layout is read as 3 x 2 cells, and by room "
+                            "2 as 3 x 1."));
 }
 
 // What the editor takes for unused behind a block may belong to one that starts inside it.
@@ -371,6 +413,12 @@ TEST_F(RomCheck, GameWithoutDoorTables)
     EXPECT_THAT(check(), IsEmpty());
 }
 
+TEST_F(RomCheck, GameWithoutEntranceTables)
+{
+    game.config.setValue(MiscField::roomEntrances, 0);
+    EXPECT_THAT(check(), IsEmpty());
+}
+
 // --- Units
 
 TEST_F(RomCheck, UnitTypesWithoutAName)
@@ -396,6 +444,23 @@ TEST_F(RomCheck, LoadRecordPastPatternMemory)
     EXPECT_THAT(check(),
                 ElementsAre("load-past-pattern-memory 2 3029 Load record 5 fills $1ff0 to $200f, "
                             "past the end of pattern memory, $2000."));
+}
+
+TEST_F(RomCheck, ListThatRoomsShareIsToldOnce)
+{
+    game.setUnits(1, {7, 0, 1, 0, 0});
+    game.setUnits(3, {});
+    game.setPointer(&GameConfig::pahUnit, 2, 0xB001);
+    EXPECT_THAT(check(),
+                ElementsAre("unnamed-unit-type 1 7011 Unit 0 is of type 7, which has no name."));
+}
+
+TEST_F(RomCheck, LoadRecordInTwoListsIsToldOnce)
+{
+    game.setLoadRecord(5, 0, 0x1FF0, 2);
+    game.setType2Loads(1, {5, 5});
+    game.setType2Loads(2, {5});
+    EXPECT_THAT(check(), ElementsAre(::testing::StartsWith("load-past-pattern-memory 1 3029 ")));
 }
 
 TEST_F(RomCheck, LoadRecordBehindPatternMemory)
