@@ -33,15 +33,17 @@ const std::map<std::string_view, const char*> kOptions{
     {"nestopia_palette", "custom"},         {"nestopia_overscan_v", "disabled"},
     {"nestopia_overscan_h", "disabled"},    {"nestopia_blargg_ntsc_filter", "disabled"},
     {"nestopia_nospritelimit", "disabled"}, {"nestopia_overclock", "1x"},
-    {"nestopia_ram_power_state", "0x00"},   {"nestopia_favored_system", "ntsc"},
-    {"nestopia_button_shift", "disabled"},
+    {"nestopia_favored_system", "ntsc"},    {"nestopia_button_shift", "disabled"},
 };
+constexpr std::string_view kMemoryOption = "nestopia_ram_power_state";
+constexpr std::array kMemoryValues = {"0x00", "0xFF", "random"}; // in the order of PowerOnMemory
 
 } // namespace
 
 struct Console::Core {
     void* library = nullptr;
     std::string systemFolder;
+    PowerOnMemory memory = PowerOnMemory::kCleared;
     std::vector<std::uint8_t> rom;
     std::vector<std::uint32_t> frame;
     unsigned width = 0;
@@ -95,7 +97,10 @@ bool Console::Core::answer(unsigned command, void* data) const
     case RETRO_ENVIRONMENT_GET_VARIABLE: {
         auto& variable = *static_cast<retro_variable*>(data);
         const auto option = kOptions.find(variable.key);
-        variable.value = option == kOptions.end() ? nullptr : option->second;
+        if (variable.key == kMemoryOption)
+            variable.value = kMemoryValues.at(static_cast<std::size_t>(memory));
+        else
+            variable.value = option == kOptions.end() ? nullptr : option->second;
         return variable.value != nullptr;
     }
     case RETRO_ENVIRONMENT_GET_VARIABLE_UPDATE:
@@ -121,7 +126,7 @@ void Console::Core::takeFrame(const void* data, unsigned frameWidth, unsigned fr
 }
 
 Console::Console(const std::filesystem::path& core, std::span<const std::uint8_t> rom,
-                 const std::filesystem::path& systemFolder)
+                 const std::filesystem::path& systemFolder, PowerOnMemory memory)
     : m_core(std::make_unique<Core>())
 {
     if (Core::running != nullptr)
@@ -133,6 +138,7 @@ Console::Console(const std::filesystem::path& core, std::span<const std::uint8_t
     palette.close();
 
     m_core->systemFolder = systemFolder.string();
+    m_core->memory = memory;
     m_core->rom.assign(rom.begin(), rom.end());
     // Stays loaded, so that what it leaks can be told from our own leaks by its name.
     m_core->library = dlopen(core.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);

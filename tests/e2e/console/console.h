@@ -26,17 +26,20 @@ enum Button : std::uint32_t {
     kButtonA = 1U << 8U,
 };
 
-// An installed emulator, run without a window and as fast as it goes. It is switched on with
-// cleared memory, shows the whole picture unfiltered and keeps the console's limit of eight sprites
-// a line. Emulators of this kind keep their state in the library, so there is one console at a
-// time.
+// What the console's work memory holds when it is switched on.
+enum class PowerOnMemory : std::uint8_t { kCleared, kFilled, kRandom };
+
+// An installed emulator, run without a window and as fast as it goes. It shows the whole
+// picture unfiltered and keeps the console's limit of eight sprites a line. Emulators of this kind
+// keep their state in the library, so there is one console at a time.
 class Console {
 public:
     // Switches on with `rom`, a whole iNES file. `core` is the emulator's library. Throws
     // std::runtime_error when it cannot be loaded or refuses the ROM. `systemFolder` must stay
     // until the console is gone; the palette is written there.
     Console(const std::filesystem::path& core, std::span<const std::uint8_t> rom,
-            const std::filesystem::path& systemFolder);
+            const std::filesystem::path& systemFolder,
+            PowerOnMemory memory = PowerOnMemory::kCleared);
     ~Console();
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;

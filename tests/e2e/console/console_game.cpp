@@ -36,7 +36,7 @@ ConsoleGame::ConsoleGame()
         state.graphics.colourTable.at(number) = number;
 }
 
-void ConsoleGame::switchOn()
+void ConsoleGame::switchOn(PowerOnMemory memory)
 {
     const std::filesystem::path saved = m_folder.path() / "saved.nes";
     state.rom.setPath(saved);
@@ -44,7 +44,7 @@ void ConsoleGame::switchOn()
     const auto file = loadFile(saved);
     ASSERT_TRUE(file);
     m_console.reset();
-    m_console = std::make_unique<Console>(VELKO_CONSOLE_CORE, *file, m_folder.path());
+    m_console = std::make_unique<Console>(VELKO_CONSOLE_CORE, *file, m_folder.path(), memory);
     console().run(30);
     settle();
 }

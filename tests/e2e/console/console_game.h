@@ -32,7 +32,7 @@ protected:
     ConsoleGame();
 
     // Saves the editor's ROM and switches a console on with the file.
-    void switchOn();
+    void switchOn(PowerOnMemory memory = PowerOnMemory::kCleared);
 
     // The pad, as a player uses it.
     void goToRoom(std::uint32_t room);

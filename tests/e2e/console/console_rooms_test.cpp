@@ -77,5 +77,37 @@ TEST_F(ConsoleRoomsTest, MapStaysWholeWhileTheCameraMovesOverIt)
     }
 }
 
+// The picture is that of the camera one frame ago.
+TEST_F(ConsoleRoomsTest, EachFrameOfAFlightIsWhole)
+{
+    constexpr std::uint32_t kLargestRoom = 0x20; // 8 x 4 screens
+    switchOn();
+    show(Shown::kMap);
+    goToRoom(kLargestRoom);
+    state.graphics.selectRoom(kLargestRoom);
+    flyTo({100, 60});
+    for (const std::uint32_t buttons : {kButtonRight | kButtonDown, kButtonRight | kButtonUp,
+                                        kButtonLeft | kButtonDown, kButtonLeft | kButtonUp}) {
+        for (int frame = 0; frame < 120; ++frame) {
+            const CameraPosition shown = camera();
+            console().run(1, buttons);
+            expectSamePicture(editorPicture(shown, false));
+            ASSERT_FALSE(HasFailure()) << "frame " << frame << ", buttons " << buttons;
+        }
+    }
+}
+
+// A real console's memory is not clear when it is switched on.
+TEST_F(ConsoleRoomsTest, GameStartsWhateverTheMemoryHolds)
+{
+    for (const PowerOnMemory memory : {PowerOnMemory::kFilled, PowerOnMemory::kRandom}) {
+        switchOn(memory);
+        show(Shown::kStillUnits);
+        ASSERT_FALSE(HasFatalFailure());
+        state.graphics.selectRoom(0);
+        expectSamePicture(true);
+    }
+}
+
 } // namespace
 } // namespace velko::test
