@@ -3,7 +3,9 @@
 .include "console.inc"
 .include "layout.inc"
 
-; What fits into the time off screen, in units of 12 cycles, one for each byte.
+; What fits into the time off screen, in units of about 12 cycles: one for each byte, and what a run
+; costs besides. The screen is off for 2273 cycles, of which the sprites and the rest of the
+; interrupt take about 600.
 BUDGET   = 130
 RUN_COST = 8
 

@@ -24,6 +24,7 @@ screen:        .res 2 ; the 64 Tile32 numbers of the cell's screen
 record:        .res 2
 left:          .res 1 ; cells of the strip still to be drawn
 segment:       .res 1 ; cells of the strip that lie in one nametable
+along:         .res 1 ; from a tile of a cell to the next one along the strip: 1 down, 2 across
 drawn:         .res 1
 quarter:       .res 1 ; where the cell's bits lie in its attribute byte, 0 to 3
 table:         .res 1 ; number of the nametable
@@ -363,6 +364,30 @@ queue_attributes:
     sta queue_end
     rts
 
+; Adds the cell to the strip: two tiles to the run that was begun, two to `second`, and its palette.
+add_cell:
+    jsr read_cell
+    ldx drawn
+    ldy second_end
+    lda cell_tile
+    sta queue,x
+    clc
+    adc along
+    sta queue + 1,x
+    lda along
+    eor #3 ; 2 or 1, across
+    clc
+    adc cell_tile
+    sta second,y
+    clc
+    adc along
+    sta second + 1,y
+    inc drawn
+    inc drawn
+    inc second_end
+    inc second_end
+    jmp set_attribute
+
 ; Copies the strip's second half from `second` behind the run that was begun.
 copy_second:
     ldy #0
@@ -406,6 +431,8 @@ draw_column:
     stx first_attribute
     lda #$80
     sta temp + 2
+    lda #1 ; tiles are counted down the left column, then down the right
+    sta along
     lda segment
     asl a
     ldx #0
@@ -418,23 +445,7 @@ draw_column:
     ldy #0
     sty second_end
 @cell:
-    jsr read_cell
-    ldx drawn
-    ldy second_end
-    lda cell_tile
-    sta queue,x
-    clc
-    adc #1
-    sta queue + 1,x
-    adc #1
-    sta second,y
-    adc #1
-    sta second + 1,y
-    inc drawn
-    inc drawn
-    inc second_end
-    inc second_end
-    jsr set_attribute
+    jsr add_cell
     inc cell_y
     dec segment
     bne @cell
@@ -505,6 +516,8 @@ draw_row:
     stx first_attribute
     lda #0
     sta temp + 2
+    lda #2
+    sta along
     lda segment
     asl a
     ldx #0
@@ -517,23 +530,7 @@ draw_row:
     ldy #0
     sty second_end
 @cell:
-    jsr read_cell
-    ldx drawn
-    ldy second_end
-    lda cell_tile
-    sta queue,x
-    clc
-    adc #1
-    sta second,y
-    adc #1
-    sta queue + 1,x
-    adc #1
-    sta second + 1,y
-    inc drawn
-    inc drawn
-    inc second_end
-    inc second_end
-    jsr set_attribute
+    jsr add_cell
     inc cell_x
     dec segment
     bne @cell

@@ -175,6 +175,8 @@ draw_icons:
     lsr a
     lsr a
     lsr a
+    cmp #31
+    bcs @next ; off the picture
     sta temp + 2
     lda AREA_POSITIONS + 1,y
     sec
@@ -183,7 +185,7 @@ draw_icons:
     lsr a
     lsr a
     cmp #29
-    bcs @next ; off the picture
+    bcs @next
     sta temp + 3
     tya
     asl a

@@ -199,16 +199,16 @@ find_layout:
     sta room_height + 1
     rts
 
-; temp (2 bytes) = A x 240.
+; temp (2 bytes) = A x 240, the lines of A screens. Keeps X.
 rows_to_lines:
     sta temp + 1
     sta temp + 2
     lda #0
-    ldx #4
+    ldy #4
 @shift:
     asl temp + 2
     rol a
-    dex
+    dey
     bne @shift
     sta temp + 3
     lda #0
@@ -470,6 +470,8 @@ find_exit:
     sta pointer + 1
     lda #UNIT_BANK
     jsr set_bank
+    lda #MOST_UNITS
+    sta temp + 9
 @unit:
     ldy #0
     lda (pointer),y
@@ -490,9 +492,11 @@ find_exit:
     clc
     adc #5
     sta pointer
-    bcc @unit
+    bcc @same
     inc pointer + 1
-    jmp @unit
+@same:
+    dec temp + 9
+    bne @unit
 @none:
     clc
     rts

@@ -11,6 +11,7 @@ sprite_next: .res 1 ; place in OAM for the next piece; from the end to the front
 sprite_full: .res 1
 script:      .res 2
 unit:        .res 2
+units_left:  .res 1
 pieces:      .res 1
 
 .segment "BSS"
@@ -148,6 +149,8 @@ draw_units:
     sta unit
     lda units_pointer + 1
     sta unit + 1
+    lda #MOST_UNITS
+    sta units_left
 @unit:
     lda #UNIT_BANK
     jsr set_bank
@@ -171,14 +174,16 @@ draw_units:
     clc
     adc #5
     sta unit
-    bcc @unit
+    bcc @same
     inc unit + 1
-    jmp @unit
+@same:
+    dec units_left
+    bne @unit
 @done:
     rts
 
-; Sets sprite_x and sprite_y from the unit's record: type, x, screen column + 1, y, screen row. Keeps
-; X.
+; Sets sprite_x and sprite_y from the unit's record: type, x, screen column + 1, y, screen row.
+; Keeps X.
 find_unit:
     lda (unit),y ; Y is 2
     sec
@@ -192,26 +197,9 @@ find_unit:
     lda temp + 1
     sbc camera_x + 1
     sta sprite_x + 1
-    ; row x 240 = row x 256 - row x 16
     ldy #4
     lda (unit),y
-    sta temp + 1
-    sta temp + 2
-    lda #0
-    ldy #4
-@shift:
-    asl temp + 2
-    rol a
-    dey
-    bne @shift
-    sta temp + 3
-    lda #0
-    sec
-    sbc temp + 2
-    sta temp
-    lda temp + 1
-    sbc temp + 3
-    sta temp + 1
+    jsr rows_to_lines
     ldy #3
     lda temp
     clc
