@@ -669,10 +669,9 @@ draw_window:
     bne @column
     rts
 
-; Moves the window one cell nearer to the camera, if that is needed and the queue is empty.
-extend_window:
-    lda queue_end
-    bne @done
+; Compares the window with where it belongs: A is 0 if it is there, 1 if it has to move along a row,
+; 2 if only up or down. The wanted position of that direction is found.
+find_shift:
     jsr find_wanted_column
     lda wanted_cell
     cmp window_cell_x
@@ -687,12 +686,38 @@ extend_window:
     lda wanted_screen
     cmp window_screen_y
     bne @row
-@done:
+    lda #0
     rts
 @column:
-    jmp extend_column
+    lda #1
+    rts
 @row:
+    lda #2
+    rts
+
+; Moves the window one cell nearer to the camera, if that is needed and the queue is empty.
+extend_window:
+    lda queue_end
+    bne @done
+    jsr find_shift
+    beq @done
+    lsr a
+    bcs extend_column
     jmp extend_row
+@done:
+    rts
+
+; Answers 1 if the window is where it belongs and written, else 0.
+window_settled:
+    lda queue_end
+    bne @no
+    jsr find_shift
+    bne @no
+    lda #1
+    rts
+@no:
+    lda #0
+    rts
 
 ; Compares the wanted position with screen A, cell X: carry is set if it is further right or down.
 ; A screen of $FF lies before screen 0.
@@ -789,27 +814,3 @@ extend_row:
     inc window_screen_y
 @done:
     jmp draw_row
-
-; Answers 1 if the window is where it belongs and written, else 0.
-window_settled:
-    lda queue_end
-    bne @no
-    jsr find_wanted_column
-    lda wanted_cell
-    cmp window_cell_x
-    bne @no
-    lda wanted_screen
-    cmp window_screen_x
-    bne @no
-    jsr find_wanted_row
-    lda wanted_cell
-    cmp window_cell_y
-    bne @no
-    lda wanted_screen
-    cmp window_screen_y
-    bne @no
-    lda #1
-    rts
-@no:
-    lda #0
-    rts
