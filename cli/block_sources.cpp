@@ -377,7 +377,7 @@ std::string fieldText(const EditorState& state, const BlockField& field,
     };
     switch (field.text) {
     case Text::kWord:
-        return wordText(first | bytes[1] << 8);
+        return wordText(first | std::uint32_t{bytes[1]} << 8);
     case Text::kUnitType:
         return named(state.names.units);
     case Text::kLoad:
