@@ -86,7 +86,7 @@ bool matches(std::span<const std::string> shown, std::span<const std::string> li
 
 // What the documentation shows is what happens, one command after the other, in a folder that
 // holds the demo game as "demo-game".
-class DocumentedExamples : public ::testing::Test {
+class DocumentedExamples : public ::testing::TestWithParam<const char*> {
 protected:
     DocumentedExamples() : m_before(fs::current_path())
     {
@@ -117,19 +117,23 @@ private:
     int m_status = 0;
 };
 
-TEST_F(DocumentedExamples, ShowWhatHappens)
+TEST_P(DocumentedExamples, ShowWhatHappens)
 {
-    const auto document = loadTextFile(fs::path(VELKO_DOCS_DIR) / "cli.md");
+    const std::string name = GetParam();
+    const auto document = loadTextFile(fs::path(VELKO_DOCS_DIR) / name);
     ASSERT_TRUE(document);
     const auto examples = examplesIn(*document);
     EXPECT_GE(examples.size(), 4U);
     for (const Example& example : examples) {
         const std::string output = run(example);
         EXPECT_TRUE(matches(example.output, linesOf(output)))
-            << "docs/cli.md, line " << example.line << ": " << example.command << "\ngives:\n"
+            << "docs/" << name << ", line " << example.line << ": " << example.command
+            << "\ngives:\n"
             << output;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Documents, DocumentedExamples, ::testing::Values("cli.md", "modules.md"));
 
 TEST(ExamplesTest, ReadsBlocksAndWords)
 {

@@ -2,6 +2,8 @@
 
 #include "cli/module_check.h"
 #include "rom/data_yaml.h"
+#include "rom/file_io.h"
+#include "rom/yaml_keys.h"
 
 #include <fstream>
 
@@ -286,6 +288,24 @@ TEST(ModuleCheck, ReadsWhatTheEditorReads)
     EXPECT_TRUE(plain == checked);
     EXPECT_EQ(checked.value(MiscField::rooms), 111U);
     EXPECT_GT(check.keys(), 0U);
+}
+
+// In the editor's own order, as values in brackets run on from one key of miscData into the next.
+TEST(ModuleDocumentation, TellsEveryKeyInOrder)
+{
+    const auto text = loadTextFile(fs::path(VELKO_DOCS_DIR) / "modules.md");
+    ASSERT_TRUE(text);
+    std::size_t last = 0;
+    for (const YamlKey& key : yamlKeys()) {
+        const std::string name = "`" + std::string(key.name) + "`";
+        EXPECT_THAT(*text, HasSubstr(name));
+        if (key.place != YamlPlace::kMiscData)
+            continue;
+        const std::size_t row = text->find("\n| " + name + " | ");
+        ASSERT_NE(row, std::string::npos) << name;
+        EXPECT_GT(row, last) << name;
+        last = row;
+    }
 }
 
 } // namespace
