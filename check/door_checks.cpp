@@ -1,4 +1,5 @@
 #include "check/check_families.h"
+#include "check/room_groups.h"
 #include "pages/door_model.h"
 #include "rom/number_text.h"
 
@@ -21,18 +22,17 @@ public:
 
     void run() const
     {
-        std::vector<bool> isReached(kMostRooms);
+        std::vector<RoomSet> ways(m_rooms);
         for (std::uint32_t room = 0; room < m_rooms; ++room) {
             checkEntrances(room);
             for (std::uint32_t slot = 0; slot < slots(MiscField::roomExits); ++slot) {
                 const std::uint8_t target = byteOf(exitRoom(room, slot));
-                checkExit(room, slot, target);
-                if (target != room)
-                    isReached[target] = true;
+                if (checkExit(room, slot, target))
+                    ways[room].set(target);
             }
         }
         if (slots(MiscField::roomExits) > 0)
-            reportUnreached(isReached);
+            reportUnreached(ways);
     }
 
 private:
@@ -82,34 +82,52 @@ private:
         }
     }
 
-    // The tables do not tell whether an exit is in use.
-    void checkExit(std::uint32_t room, std::uint32_t slot, std::uint8_t target) const
+    // The tables do not tell whether an exit is in use. Returns whether it is a way to its room.
+    bool checkExit(std::uint32_t room, std::uint32_t slot, std::uint8_t target) const
     {
         const std::string exit = "Exit " + hexText(slot) + " leads to ";
         if (target >= m_rooms) {
             m_findings.push_back({FindingKind::kExitToMissingRoom, room, exitRoom(room, slot),
                                   exit + "room " + hexText(target) + "; there are rooms 0 to "
                                       + hexText(m_rooms - 1) + "."});
-            return;
+            return false;
         }
         const std::uint32_t place =
             offset(MiscField::ptrExitEntrance, MiscField::roomExits, room, slot);
         const std::uint8_t entrance = byteOf(place);
         const std::uint32_t entrances = slots(MiscField::roomEntrances);
         if (entrances == 0 || (entrance < entrances && entranceOf(target, entrance).isSet()))
-            return;
+            return true;
         m_findings.push_back({FindingKind::kExitToUnsetEntrance, room, place,
                               exit + "entrance " + hexText(entrance) + " of room " + hexText(target)
                                   + ", which is not set."});
+        return false;
     }
 
-    void reportUnreached(const std::vector<bool>& isReached) const
+    void reportUnreached(const std::vector<RoomSet>& ways) const
     {
-        for (std::uint32_t room = 0; room < m_rooms; ++room) {
-            if (!isReached[room])
+        for (const RoomGroup& group : groupsWithoutWayIn(ways)) {
+            const std::uint32_t room = group.front();
+            if (group.size() == 1)
                 m_findings.push_back({FindingKind::kUnreachableRoom, room, entranceScreen(room, 0),
-                                      "No exit of another room leads here."});
+                                      "No way leads here from another room."});
+            else if (room != 0) // where the game starts, as far as anyone can tell
+                m_findings.push_back({FindingKind::kUnreachableGroup, room, entranceScreen(room, 0),
+                                      "This room and " + otherRoomsText(group)
+                                          + " lead to one another, and no way leads here from any "
+                                            "other room."});
         }
+    }
+    // "room 7", "rooms 7, 9 and c": without the lowest one.
+    static std::string otherRoomsText(const RoomGroup& group)
+    {
+        std::string text = group.size() == 2 ? "room " : "rooms ";
+        for (std::size_t i = 1; i < group.size(); ++i) {
+            if (i > 1)
+                text += i + 1 == group.size() ? " and " : ", ";
+            text += hexText(group[i]);
+        }
+        return text;
     }
 
     const EditorState& m_state;

@@ -30,8 +30,13 @@ constexpr std::array<Rule, kFindingKinds> kRules = {{
     {"exit-to-missing-room", Severity::kError},
     {"exit-to-unset-entrance", Severity::kWarning},
     {"unreachable-room", Severity::kNote},
+    {"unreachable-group", Severity::kNote},
     {"unnamed-unit-type", Severity::kWarning},
     {"load-past-pattern-memory", Severity::kWarning},
+    {"bad-movement-count", Severity::kWarning},
+    {"truck-in-missing-area", Severity::kError},
+    {"truck-of-missing-pattern", Severity::kError},
+    {"truck-direction-out-of-range", Severity::kWarning},
 }};
 
 } // namespace

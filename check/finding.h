@@ -32,11 +32,17 @@ enum class FindingKind : std::uint8_t {
     kExitToMissingRoom,
     kExitToUnsetEntrance,
     kUnreachableRoom,
+    kUnreachableGroup,
     kUnnamedUnitType,
     kLoadPastPatternMemory,
+    kBadMovementCount,
+    kTruckInMissingArea,
+    kTruckOfMissingPattern,
+    kTruckDirectionOutOfRange,
 };
-inline constexpr std::size_t kFindingKinds = 17;
-static_assert(kFindingKinds == static_cast<std::size_t>(FindingKind::kLoadPastPatternMemory) + 1);
+inline constexpr std::size_t kFindingKinds = 22;
+static_assert(kFindingKinds
+              == static_cast<std::size_t>(FindingKind::kTruckDirectionOutOfRange) + 1);
 
 // Codes are for programs and stay as they are.
 std::string_view codeOf(FindingKind kind); // "overlapping-blocks"
@@ -48,6 +54,8 @@ struct Finding {
     std::optional<std::uint32_t> room; // or the table entry behind those of the rooms
     std::uint32_t fileOffset = 0;      // the place in the ROM file; it may lie past the file's end
     std::string text;                  // one sentence
+    // What is wrong with an area has no room. The trucks of the overworld have neither.
+    std::optional<std::uint32_t> area = std::nullopt;
 };
 using Findings = std::vector<Finding>;
 

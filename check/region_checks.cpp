@@ -3,6 +3,7 @@
 #include "rom/number_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velko {
 
@@ -11,78 +12,84 @@ namespace {
 // The checks of one region.
 class RegionCheck {
 public:
-    RegionCheck(const EditorState& state, const RegionKind& kind, Findings& findings)
-        : m_kind(kind)
-        , m_handler(state.store.*kind.handler)
-        , m_lowest(lowestAddress(state.config, kind))
-        , m_edge(m_handler.descriptor().dEdge)
-        , m_blocks(surveyBlocks(state.store, kind, state.config.roomCount()))
-        , m_rooms(state.config.roomCount())
-        , m_findings(findings)
+    RegionCheck(RegionSurvey region, Findings& findings)
+        : m_region(std::move(region)), m_findings(findings)
     {
     }
 
     void run()
     {
         checkFreeSpace();
-        for (const SurveyedBlock& block : m_blocks)
+        for (const SurveyedBlock& block : m_region.found)
             checkPlace(block);
         checkNeighbours();
     }
 
 private:
-    bool startsInside(const SurveyedBlock& block) const
-    {
-        return block.start >= m_lowest && block.start < m_edge;
-    }
-    bool endsInside(const SurveyedBlock& block) const { return block.end <= m_edge; }
-
     std::string ownerText(std::uint32_t entry) const
     {
-        return (entry < m_rooms ? "room " : "table entry ") + hexText(entry);
+        const std::string number = " " + hexText(entry);
+        if (entry >= m_region.owners)
+            return "table entry" + number;
+        switch (m_region.owner) {
+        case BlockOwner::kRoom:
+            return "room" + number;
+        case BlockOwner::kArea:
+            return "area" + number;
+        case BlockOwner::kPatternSet:
+            break;
+        }
+        return "pattern set" + number;
     }
     std::string blockText(const SurveyedBlock& block) const
     {
-        return std::string(m_kind.block) + " of " + ownerText(block.entry);
+        return std::string(m_region.block) + " of " + ownerText(block.entry);
+    }
+    std::uint32_t fileOffset(std::int32_t address) const
+    {
+        return m_region.fileOffset(static_cast<std::uint16_t>(address & 0xFFFF));
     }
     void report(FindingKind kind, std::optional<std::uint32_t> entry, std::int32_t address,
                 std::string text) const
     {
-        const auto cpuAddress = static_cast<std::uint16_t>(address & 0xFFFF);
-        m_findings.push_back({kind, entry, m_handler.dataFileOffset(cpuAddress), std::move(text)});
+        Finding finding{kind, std::nullopt, fileOffset(address), std::move(text)};
+        if (m_region.owner == BlockOwner::kRoom)
+            finding.room = entry;
+        else if (m_region.owner == BlockOwner::kArea)
+            finding.area = entry;
+        m_findings.push_back(std::move(finding));
     }
 
     void checkFreeSpace() const
     {
-        if (m_handler.freeSpace() >= 0)
+        if (m_region.freeSpace >= 0)
             return;
-        // The edge itself may lie in another bank than the region.
-        const std::uint32_t place =
-            m_handler.dataFileOffset(static_cast<std::uint16_t>((m_edge - 1) & 0xFFFF)) + 1;
         m_findings.push_back(
-            {FindingKind::kNegativeFreeSpace, std::nullopt, place,
-             "The " + std::string(m_kind.blocks) + " end "
-                 + countText(static_cast<std::uint32_t>(-m_handler.freeSpace()), "byte")
-                 + " past the end of their region, " + addressOf(m_edge) + "."});
+            {FindingKind::kNegativeFreeSpace, std::nullopt,
+             // The edge itself may lie in another bank than the region.
+             fileOffset(m_region.edge - 1) + 1,
+             "The " + std::string(m_region.blocks) + " end "
+                 + countText(static_cast<std::uint32_t>(-m_region.freeSpace), "byte")
+                 + " past the end of their region, " + addressOf(m_region.edge) + "."});
     }
 
     void checkPlace(const SurveyedBlock& block) const
     {
-        if (!startsInside(block))
+        if (!m_region.startsInside(block))
             report(FindingKind::kPointerOutsideRegion, block.entry, block.start,
                    "The pointer to the " + blockText(block) + " is " + addressOf(block.start)
-                       + ", outside of its region, " + addressOf(m_lowest) + " to "
-                       + addressOf(m_edge - 1) + ".");
-        else if (!endsInside(block) && m_kind.isList)
+                       + ", outside of its region, " + addressOf(m_region.lowest) + " to "
+                       + addressOf(m_region.edge - 1) + ".");
+        else if (!m_region.endsInside(block) && m_region.isList)
             report(FindingKind::kUnterminatedList, block.entry, block.start,
                    "The " + blockText(block) + " at " + addressOf(block.start)
-                       + " has no end mark before the end of its region, " + addressOf(m_edge)
-                       + ".");
-        else if (!endsInside(block))
+                       + " has no end mark before the end of its region, "
+                       + addressOf(m_region.edge) + ".");
+        else if (!m_region.endsInside(block))
             report(FindingKind::kBlockPastRegion, block.entry, block.start,
                    "The " + blockText(block) + " at " + addressOf(block.start) + " ends "
-                       + countText(static_cast<std::uint32_t>(block.end - m_edge), "byte")
-                       + " past the end of its region, " + addressOf(m_edge) + ".");
+                       + countText(static_cast<std::uint32_t>(block.end() - m_region.edge), "byte")
+                       + " past the end of its region, " + addressOf(m_region.edge) + ".");
         else
             checkFreePlace(block);
     }
@@ -90,22 +97,23 @@ private:
     // What reaches into the free space is overwritten by the next insertion.
     void checkFreePlace(const SurveyedBlock& block) const
     {
-        const std::int32_t usedEnd = m_edge - m_handler.freeSpace();
-        if (m_handler.freeSpace() >= 0 && block.end > usedEnd)
+        const std::int32_t usedEnd = m_region.edge - m_region.freeSpace;
+        if (m_region.freeSpace >= 0 && block.end() > usedEnd)
             report(FindingKind::kBlockInFreeSpace, block.entry, block.start,
                    "The " + blockText(block) + ", " + addressOf(block.start) + " to "
-                       + addressOf(block.end - 1) + ", reaches into the free space at "
+                       + addressOf(block.end() - 1) + ", reaches into the free space at "
                        + addressOf(usedEnd) + ", which the next insertion overwrites.");
     }
 
     // One pass over the different blocks, from the lowest on.
     void checkNeighbours() const
     {
-        std::vector<SurveyedBlock> blocks = m_blocks;
-        std::erase_if(blocks, [this](const SurveyedBlock& block) { return !startsInside(block); });
+        std::vector<SurveyedBlock> blocks = m_region.found;
+        std::erase_if(blocks,
+                      [this](const SurveyedBlock& block) { return !m_region.startsInside(block); });
         // Of those with one start the longest stands for all; among equals, the first entry.
         std::ranges::stable_sort(blocks, [](const SurveyedBlock& a, const SurveyedBlock& b) {
-            return a.start != b.start ? a.start < b.start : a.end > b.end;
+            return a.start != b.start ? a.start < b.start : a.end() > b.end();
         });
         const auto repeated = std::unique(
             blocks.begin(), blocks.end(),
@@ -116,27 +124,30 @@ private:
             if (highest)
                 checkPair(*highest, block);
             // A list without an end mark tells nothing about where the next block should be.
-            if (!highest || block.end > highest->end || isOpen(*highest))
+            if (!highest || block.end() > highest->end() || isOpen(*highest))
                 highest = &block;
         }
     }
 
-    bool isOpen(const SurveyedBlock& block) const { return m_kind.isList && !endsInside(block); }
+    bool isOpen(const SurveyedBlock& block) const
+    {
+        return m_region.isList && !m_region.endsInside(block);
+    }
 
     void checkPair(const SurveyedBlock& lower, const SurveyedBlock& upper) const
     {
         if (isOpen(lower))
             return;
-        if (upper.start < lower.end)
+        if (upper.start < lower.end())
             report(FindingKind::kOverlappingBlocks, upper.entry, upper.start,
                    "The " + blockText(upper) + " starts at " + addressOf(upper.start)
                        + ", inside the one of " + ownerText(lower.entry) + ", "
-                       + addressOf(lower.start) + " to " + addressOf(lower.end - 1) + ".");
-        else if (upper.start > lower.end)
-            report(FindingKind::kGap, std::nullopt, lower.end,
-                   "No " + std::string(m_kind.block) + " holds the "
-                       + countText(static_cast<std::uint32_t>(upper.start - lower.end), "byte")
-                       + " from " + addressOf(lower.end) + " to " + addressOf(upper.start - 1)
+                       + addressOf(lower.start) + " to " + addressOf(lower.end() - 1) + ".");
+        else if (upper.start > lower.end())
+            report(FindingKind::kGap, std::nullopt, lower.end(),
+                   "No " + std::string(m_region.block) + " holds the "
+                       + countText(static_cast<std::uint32_t>(upper.start - lower.end()), "byte")
+                       + " from " + addressOf(lower.end()) + " to " + addressOf(upper.start - 1)
                        + ".");
     }
 
@@ -145,12 +156,7 @@ private:
         return addressText(static_cast<std::uint32_t>(address));
     }
 
-    const RegionKind& m_kind;
-    const PointerArrayHandler& m_handler;
-    std::int32_t m_lowest;
-    std::int32_t m_edge;
-    std::vector<SurveyedBlock> m_blocks;
-    std::uint32_t m_rooms;
+    RegionSurvey m_region;
     Findings& m_findings;
 };
 
@@ -159,7 +165,8 @@ private:
 void checkRegions(const EditorState& state, Findings& findings)
 {
     for (const RegionKind& kind : kRegionKindTable)
-        RegionCheck(state, kind, findings).run();
+        RegionCheck(surveyRegion(state, kind), findings).run();
+    RegionCheck(surveyTruckPatterns(state), findings).run();
 }
 
 } // namespace velko

@@ -1,127 +1,74 @@
 #include "check/region_survey.h"
 
-#include "pages/unit_list.h"
-#include "pages/vram_load_list.h"
-#include "store/block_kinds.h"
-#include "store/block_lengths.h"
-#include "store/length_table.h"
 #include "store/screen_area.h"
+#include "tools/area_movement.h"
+#include "tools/overworld_map.h"
+#include "tools/truck_movement_region.h"
 
 #include <algorithm>
-#include <optional>
-#include <unordered_map>
 
 namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kEndless = 0x10000; // longer than any region
 constexpr std::uint32_t kWindowStart = 0x8000;
 
-// Lists are walked through a handler of their own, which can be pointed at any entry.
-std::uint32_t unitListLength(PointerArrayHandler units, std::uint32_t entry)
+// How many of them there are; entry numbers below are theirs.
+std::uint32_t ownersOf(const GameConfig& config, BlockOwner owner)
 {
-    units.selectRoom(entry);
-    const std::uint32_t count = UnitList(units).count();
-    return count < UnitList::kMostUnits ? count * UnitRecord::kBytes + 1 : kEndless;
+    if (owner == BlockOwner::kRoom)
+        return config.roomCount();
+    // `areas` counts one less than there are on the map.
+    return std::min(config.value(MiscField::areas), OverworldMap::kMostAreas - 1) + 1;
 }
 
-// As the game reads it: any byte from $80 on ends the list.
-std::uint32_t loadListLength(PointerArrayHandler loads, std::uint32_t entry)
+// Entries that are read however short the table is.
+std::uint32_t neededEntries(const GameConfig& config, const RegionKind& kind)
 {
-    loads.selectRoom(entry);
-    const std::uint32_t count = VramLoadList(loads).shownCount();
-    return count < kLongestTileLoadType2 ? count + 1 : kEndless;
+    if (kind.owner == BlockOwner::kRoom)
+        return config.roomCount();
+    return (config.*kind.descriptor).dEdge != 0 ? config.value(MiscField::areas) : 0;
 }
 
-// The length of any entry's block. A list may take thousands of steps, so those that entries share
-// are walked once.
-class Lengths {
-public:
-    Lengths(const PointerArrayHandler& handler, const RegionKind& kind) : m_handler(handler)
-    {
-        if (kind.handler == &RoomDataStore::pahUnit)
-            m_listLength = unitListLength;
-        else if (kind.handler == &RoomDataStore::pahTileLoadType2)
-            m_listLength = loadListLength;
-        for (const BlockKind& blocks : kBlockKinds) {
-            if (blocks.handler == kind.handler)
-                m_table.emplace(handler, blocks);
-        }
-    }
-
-    std::uint32_t of(std::uint32_t entry, std::uint16_t pointer)
-    {
-        if (m_table)
-            return m_table->of(entry, pointer);
-        const auto [known, isNew] = m_known.try_emplace(pointer, 0);
-        if (isNew)
-            known->second = m_listLength(m_handler, entry);
-        return known->second;
-    }
-
-private:
-    const PointerArrayHandler& m_handler;
-    std::uint32_t (*m_listLength)(PointerArrayHandler, std::uint32_t) = nullptr;
-    std::optional<LengthTable> m_table;
-    std::unordered_map<std::uint16_t, std::uint32_t> m_known;
-};
-
-// File offset of the last byte before an end address.
-std::uint32_t lastByte(BankPair banks, std::uint32_t end)
+// The numbers of the configuration are wider than the addresses they tell.
+std::uint32_t address(const GameConfig& config, MiscField field)
 {
-    return cpuToFileOffset(banks, end - 1);
+    return config.value(field) & 0xFFFF;
+}
+
+// The bank of the truck patterns and the one behind it, one after the other in the file.
+std::uint32_t truckFileOffset(std::uint32_t bank, std::uint32_t cpuAddress)
+{
+    return bank * kBankSize + (cpuAddress & 0x7FFF) + kHeaderSize;
 }
 
 // File offsets of the last bytes of everything with a place that the module tells.
 std::vector<std::uint32_t> lastBytes(const GameConfig& config)
 {
     std::vector<std::uint32_t> offsets;
+    const auto add = [&offsets](BankPair banks, std::uint32_t end) {
+        if (end != 0) // else the module does not tell it
+            offsets.push_back(cpuToFileOffset(banks, end - 1));
+    };
     for (const RegionKind& kind : kRegionKindTable) {
         const PointerArrayDescriptor& d = config.*kind.descriptor;
-        offsets.push_back(lastByte(d.dBank, d.dEdge));
+        add(d.dBank, d.dEdge);
         // Both halves of a table's window lie one after the other in the file.
         const auto nextBank = static_cast<std::uint8_t>(d.pBank + 1);
-        offsets.push_back(lastByte({d.pBank, nextBank}, d.pMemEdge));
+        add({d.pBank, nextBank}, d.pMemEdge);
+    }
+    for (const MiscField field :
+         {MiscField::bpahTruckMovement_pMemEdge, MiscField::bpahTruckMovement_dMemEdge}) {
+        const std::uint32_t end = address(config, field);
+        if (end != 0)
+            offsets.push_back(
+                truckFileOffset(config.value(MiscField::bpahTruckMovement_bank), end - 1));
     }
     const ScreenArea screens = ScreenArea::of(config);
     if (screens.count > 0)
-        offsets.push_back(
-            lastByte(config.phMapScreenData,
-                     screens.addressOf(screens.count - 1) + ScreenArea::kScreenBytes));
+        add(config.phMapScreenData,
+            screens.addressOf(screens.count - 1) + ScreenArea::kScreenBytes);
     return offsets;
-}
-
-} // namespace
-
-const std::array<RegionKind, kRegionKinds> kRegionKindTable = {{
-    {"screen list", "screen lists", &RoomDataStore::pahMapAlloc, &GameConfig::pahMapAlloc, true},
-    {"map layout", "map layouts", &RoomDataStore::pahMapLayout, &GameConfig::pahMapLayout, false},
-    {"Tile32 set", "Tile32 sets", &RoomDataStore::pahTile32, &GameConfig::pahTile32, false},
-    {"tile allocation", "tile allocations", &RoomDataStore::pahTileLoad, &GameConfig::pahTileLoad,
-     false},
-    {"palette", "palettes", &RoomDataStore::pahPal, &GameConfig::pahPal, false},
-    {"unit list", "unit lists", &RoomDataStore::pahUnit, &GameConfig::pahUnit, true},
-    {"sprite load list", "sprite load lists", &RoomDataStore::pahTileLoadType2,
-     &GameConfig::pahTileLoadType2, true},
-}};
-
-std::vector<SurveyedBlock> surveyBlocks(const RoomDataStore& store, const RegionKind& kind,
-                                        std::uint32_t rooms)
-{
-    const PointerArrayHandler& handler = store.*kind.handler;
-    const auto tableEntries = static_cast<std::uint32_t>(std::max(handler.entryCount(), 0));
-    const std::uint32_t entries = std::min(std::max(tableEntries, rooms), kMostSurveyedEntries);
-    Lengths lengths(handler, kind);
-    std::vector<SurveyedBlock> blocks;
-    for (std::uint32_t entry = 0; entry < entries; ++entry) {
-        const std::uint16_t pointer = handler.pointerOf(entry);
-        const std::int32_t start = pointer;
-        const auto length = static_cast<std::int32_t>(lengths.of(entry, pointer));
-        if (length != 0)
-            blocks.push_back({entry, start, start + length});
-    }
-    return blocks;
 }
 
 std::int32_t lowestAddress(const GameConfig& config, const RegionKind& kind)
@@ -138,6 +85,85 @@ std::int32_t lowestAddress(const GameConfig& config, const RegionKind& kind)
         }
     }
     return static_cast<std::int32_t>(lowest);
+}
+
+} // namespace
+
+PointerArrayHandler measuredHandler(const EditorState& state, const RegionKind& kind)
+{
+    PointerArrayHandler handler = state.store.*kind.handler;
+    if (kind.owner == BlockOwner::kArea)
+        AreaMovement(handler).open();
+    return handler;
+}
+
+std::vector<SurveyedBlock> surveyBlocks(const EditorState& state, const RegionKind& kind)
+{
+    const PointerArrayHandler& handler = state.store.*kind.handler;
+    const auto tableEntries = static_cast<std::uint32_t>(std::max(handler.entryCount(), 0));
+    const std::uint32_t entries =
+        std::min(std::max(tableEntries, neededEntries(state.config, kind)), kMostSurveyedEntries);
+    BlockLengths lengths(handler, kind);
+    std::vector<SurveyedBlock> blocks;
+    for (std::uint32_t entry = 0; entry < entries; ++entry) {
+        const std::uint16_t pointer = handler.pointerOf(entry);
+        const BlockLength length = lengths.of(entry, pointer);
+        if (length.bytes != 0)
+            blocks.push_back({entry, pointer, length});
+    }
+    return blocks;
+}
+
+RegionSurvey surveyRegion(const EditorState& state, const RegionKind& kind)
+{
+    const PointerArrayHandler handler = measuredHandler(state, kind);
+    RegionSurvey region;
+    region.block = kind.block;
+    region.blocks = kind.blocks;
+    region.isList = kind.isList;
+    region.owner = kind.owner;
+    region.owners = ownersOf(state.config, kind.owner);
+    region.lowest = lowestAddress(state.config, kind);
+    region.edge = handler.descriptor().dEdge;
+    region.found = surveyBlocks(state, kind);
+    // Without areas there is none whose block could be the one stored last.
+    if (kind.owner == BlockOwner::kRoom || !region.found.empty())
+        region.freeSpace = handler.freeSpace();
+    region.fileOffset = [handler](std::uint16_t cpuAddress) {
+        return handler.dataFileOffset(cpuAddress);
+    };
+    return region;
+}
+
+RegionSurvey surveyTruckPatterns(const EditorState& state)
+{
+    RomImage image = state.rom; // of our own, as patterns can be edited through their region
+    const TruckMovementRegion trucks(image, state.config);
+    RegionSurvey region;
+    region.block = "movement pattern";
+    region.blocks = "movement patterns";
+    region.isList = true;
+    region.owner = BlockOwner::kPatternSet;
+    region.owners = trucks.patternSets();
+    const std::uint32_t start = address(state.config, MiscField::bpahTruckMovement_dMemStart);
+    region.lowest = static_cast<std::int32_t>(start);
+    region.edge =
+        static_cast<std::int32_t>(address(state.config, MiscField::bpahTruckMovement_dMemEdge));
+    for (std::uint32_t set = 0; set < std::min(region.owners, kMostSurveyedEntries); ++set) {
+        const std::uint32_t last = trucks.lastPhase(set);
+        const bool hasEnd = (trucks.phase(set, last) & TruckMovementRegion::kLastPhaseMark) != 0;
+        region.found.push_back(
+            {set, static_cast<std::int32_t>(start + trucks.pointer(set)), {last + 1, hasEnd}});
+    }
+    // The pattern of the table's last set is taken to be the one stored last.
+    if (region.owners > 0) {
+        const std::uint32_t last = region.owners - 1;
+        const std::uint32_t end = start + trucks.pointer(last) + trucks.lastPhase(last) + 1;
+        region.freeSpace = region.edge - static_cast<std::int32_t>(end);
+    }
+    region.fileOffset = [bank = state.config.value(MiscField::bpahTruckMovement_bank)](
+                            std::uint16_t cpuAddress) { return truckFileOffset(bank, cpuAddress); };
+    return region;
 }
 
 } // namespace velko

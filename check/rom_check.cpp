@@ -13,6 +13,7 @@ Findings checkRom(const EditorState& state)
     checkMaps(state, findings);
     checkDoors(state, findings);
     checkUnits(state, findings);
+    checkOverworld(state, findings);
     std::ranges::stable_sort(findings, {}, &Finding::kind);
     return findings;
 }

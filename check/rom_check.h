@@ -9,8 +9,8 @@ namespace velko {
 // ordered by kind. The state must be prepared, as after each ROM load.
 //
 // Any bytes can be checked. What is wrong in many places of one block is told once, with the first
-// place and the number, so findings are bounded by the number of table entries, door slots, and
-// unit types per list.
+// place and the number, so findings are bounded by the number of table entries, door slots, unit
+// types per list, and trucks.
 Findings checkRom(const EditorState& state);
 
 } // namespace velko

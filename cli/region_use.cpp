@@ -1,58 +1,12 @@
 #include "cli/region_use.h"
 
-#include "pages/unit_list.h"
-#include "store/block_kinds.h"
-#include "store/block_lengths.h"
-#include "store/length_table.h"
-#include "tools/area_movement.h"
+#include "check/region_survey.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace velko {
 
 namespace {
-
-// How long the block of an entry is; 0 means that it has none.
-using LengthRule = std::function<std::uint32_t(std::uint32_t entry)>;
-
-LengthRule lengthOf(const PointerArrayHandler& handler, RoomDataKind kind)
-{
-    LengthTable lengths(handler, blockKind(kind));
-    lengths.refresh();
-    return [lengths](std::uint32_t entry) { return lengths.of(entry); };
-}
-
-// Up to the byte that ends it, in steps of `step`. A list without an end is `longest` bytes.
-std::uint32_t listLength(const PointerArrayHandler& handler, std::uint32_t entry,
-                         std::uint32_t step, std::uint8_t lowestEnd, std::uint32_t longest)
-{
-    std::uint32_t bytes = 0;
-    while (bytes < longest && handler.dataByte(bytes, entry) < lowestEnd)
-        bytes += step;
-    return bytes < longest ? bytes + 1 : longest;
-}
-
-LengthRule unitListLength(const PointerArrayHandler& units)
-{
-    return [&units](std::uint32_t entry) {
-        return listLength(units, entry, UnitRecord::kBytes, UnitList::kEnd,
-                          UnitList::kMostUnits * UnitRecord::kBytes);
-    };
-}
-
-// The game stops at any byte from $80 on.
-LengthRule loadListLength(const PointerArrayHandler& loads)
-{
-    return [&loads](std::uint32_t entry) {
-        return listLength(loads, entry, 1, 0x80, kLongestTileLoadType2);
-    };
-}
-
-LengthRule areaMovementLength(const PointerArrayHandler& movement)
-{
-    return [&movement](std::uint32_t entry) { return movement.dataByte(0, entry) + 2U; };
-}
 
 void countBytes(RegionUse& use)
 {
@@ -67,22 +21,18 @@ void countBytes(RegionUse& use)
     }
 }
 
-RegionUse useOf(std::string_view key, const PointerArrayHandler& handler, std::uint32_t users,
-                const LengthRule& length)
+RegionUse useOf(const EditorState& state, const RegionKind& kind)
 {
+    const PointerArrayHandler handler = measuredHandler(state, kind);
     RegionUse use;
-    use.key = key;
+    use.key = kind.key;
     use.tableOffset = handler.entryFileOffset(0);
     use.entries = static_cast<std::uint32_t>(std::max(handler.entryCount(), 0));
     use.freeBytes = handler.freeSpace();
-    use.entriesPassed = std::min(std::max(use.entries, users), kMostEntries);
-    for (std::uint32_t entry = 0; entry < use.entriesPassed; ++entry) {
-        const std::uint32_t bytes = length(entry);
-        if (bytes == 0)
-            continue;
-        RegionBlock& block = use.blocks[handler.pointerOf(entry)];
-        block.length = std::max(block.length, bytes);
-        block.entries.push_back(entry);
+    for (const SurveyedBlock& found : surveyBlocks(state, kind)) {
+        RegionBlock& block = use.blocks[static_cast<std::uint16_t>(found.start)];
+        block.length = std::max(block.length, found.length.bytes);
+        block.entries.push_back(found.entry);
     }
     countBytes(use);
     return use;
@@ -96,27 +46,12 @@ std::uint32_t RegionUse::sharedBlocks() const
         blocks, [](const auto& block) { return block.second.entries.size() > 1; }));
 }
 
-std::vector<RegionUse> regionUses(EditorState& state)
+std::vector<RegionUse> regionUses(const EditorState& state)
 {
-    RoomDataStore& store = state.store;
-    const std::uint32_t rooms = state.config.roomCount();
-    const auto ofKind = [&](std::string_view key, RoomDataKind kind) {
-        const PointerArrayHandler& handler = store.*blockKind(kind).handler;
-        return useOf(key, handler, rooms, lengthOf(handler, kind));
-    };
-    AreaMovement(store.pahMapAreaMovement).open();
-    return {
-        ofKind("pahMapAlloc", RoomDataKind::kMapAlloc),
-        ofKind("pahMapLayout", RoomDataKind::kMapLayout),
-        ofKind("pahTile32", RoomDataKind::kTile32),
-        ofKind("pahTileLoad", RoomDataKind::kTileLoad),
-        ofKind("pahPal", RoomDataKind::kPalette),
-        useOf("pahUnit", store.pahUnit, rooms, unitListLength(store.pahUnit)),
-        useOf("pahTileLoadType2", store.pahTileLoadType2, rooms,
-              loadListLength(store.pahTileLoadType2)),
-        useOf("pahMapAreaMovement", store.pahMapAreaMovement, 0,
-              areaMovementLength(store.pahMapAreaMovement)),
-    };
+    std::vector<RegionUse> uses;
+    for (const RegionKind& kind : kRegionKindTable)
+        uses.push_back(useOf(state, kind));
+    return uses;
 }
 
 } // namespace velko

@@ -20,7 +20,6 @@ struct RegionUse {
     std::string_view key;                        // as in data.yaml
     std::uint32_t tableOffset = 0;               // in the file
     std::uint32_t entries = 0;                   // of the table; rooms come first
-    std::uint32_t entriesPassed = 0;             // entries that were looked at
     std::map<std::uint16_t, RegionBlock> blocks; // by CPU address; without those of length 0
     std::uint32_t usedBytes = 0;   // that belong to a block, counted once where blocks overlap
     std::uint32_t unusedBytes = 0; // between the lowest block and the end of the highest, in none
@@ -32,11 +31,9 @@ struct RegionUse {
     std::uint32_t sharedBlocks() const;
 };
 
-// A table with more entries than this is damaged or misdescribed; the rest is passed over.
-inline constexpr std::uint32_t kMostEntries = 1024;
-
-// The use of all eight regions, those of the rooms first. Selects area 0 in the area movement and
-// computes its free space, as the overworld's window does.
-std::vector<RegionUse> regionUses(EditorState& state);
+// The use of all eight regions, those of the rooms first. Of a table with more than
+// kMostSurveyedEntries entries the rest is passed over. The areas' free space is counted as when
+// the overworld's window opens; the state keeps what it has.
+std::vector<RegionUse> regionUses(const EditorState& state);
 
 } // namespace velko

@@ -1,9 +1,8 @@
 #include "cli/verb_check.h"
 
 #include "check/rom_check.h"
-#include "cli/arguments.h"
-#include "cli/game.h"
 #include "cli/json.h"
+#include "cli/report_verb.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -31,6 +30,8 @@ void writeLine(std::ostream& out, const std::string& rom, const Finding& finding
         << severityName(severityOf(finding.kind)) << ": ";
     if (finding.room)
         out << "room " << hexText(*finding.room) << ": ";
+    if (finding.area)
+        out << "area " << hexText(*finding.area) << ": ";
     out << finding.text << " [" << codeOf(finding.kind) << "]\n";
 }
 
@@ -43,11 +44,17 @@ void writeText(std::ostream& out, const std::string& rom, const Findings& findin
         << countText(counts[2], "note") << '\n';
 }
 
+Json toJson(const std::optional<std::uint32_t>& number)
+{
+    return number ? Json(*number) : Json(nullptr);
+}
+
 Json toJson(const Finding& finding)
 {
     return {{"severity", severityName(severityOf(finding.kind))},
             {"code", codeOf(finding.kind)},
-            {"room", finding.room ? Json(*finding.room) : Json(nullptr)},
+            {"room", toJson(finding.room)},
+            {"area", toJson(finding.area)},
             {"offset", finding.fileOffset},
             {"text", finding.text}};
 }
@@ -64,33 +71,19 @@ Json toJson(const Findings& findings)
             {"findings", std::move(list)}};
 }
 
-class CheckVerb : public Verb {
-public:
-    void declare(CLI::App& command) override
+class CheckVerb : public ReportVerb {
+    ExitStatus report(const Context& context, const EditorState& state) const override
     {
-        addRom(command, m_rom);
-        addJson(command, m_json);
-    }
-
-    ExitStatus run(const Context& context) override
-    {
-        EditorState state;
-        if (const auto reason = openGame(context, m_rom, state))
-            return context.fail(*reason);
         const Findings findings = checkRom(state);
-        if (m_json)
+        if (asJson())
             writeJson(context.out(), toJson(findings));
         else
-            writeText(context.out(), m_rom, findings);
+            writeText(context.out(), rom(), findings);
         const bool isSound = std::ranges::all_of(findings, [](const Finding& finding) {
             return severityOf(finding.kind) == Severity::kNote;
         });
         return isSound ? ExitStatus::kFine : ExitStatus::kFindings;
     }
-
-private:
-    std::string m_rom;
-    bool m_json = false;
 };
 
 } // namespace

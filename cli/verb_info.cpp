@@ -1,9 +1,8 @@
 #include "cli/verb_info.h"
 
-#include "cli/arguments.h"
-#include "cli/game.h"
 #include "cli/json.h"
 #include "cli/region_use.h"
+#include "cli/report_verb.h"
 #include "rom/number_text.h"
 #include "store/block_lengths.h"
 
@@ -56,7 +55,7 @@ std::uint32_t roomsWithMap(const EditorState& state)
     return rooms;
 }
 
-RomFacts factsOf(EditorState& state)
+RomFacts factsOf(const EditorState& state)
 {
     const std::uint32_t size = state.rom.size();
     const std::uint32_t data = size - std::min(size, kHeaderSize);
@@ -136,30 +135,16 @@ void write(std::ostream& out, const RomFacts& facts)
         write(out, region);
 }
 
-class InfoVerb : public Verb {
-public:
-    void declare(CLI::App& command) override
+class InfoVerb : public ReportVerb {
+    ExitStatus report(const Context& context, const EditorState& state) const override
     {
-        addRom(command, m_rom);
-        addJson(command, m_json);
-    }
-
-    ExitStatus run(const Context& context) override
-    {
-        EditorState state;
-        if (const auto reason = openGame(context, m_rom, state))
-            return context.fail(*reason);
         const RomFacts facts = factsOf(state);
-        if (m_json)
+        if (asJson())
             writeAsJson(context.out(), facts);
         else
             write(context.out(), facts);
         return ExitStatus::kFine;
     }
-
-private:
-    std::string m_rom;
-    bool m_json = false;
 };
 
 } // namespace

@@ -6,7 +6,6 @@ namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kHeadBytes = 2;
 constexpr std::uint32_t kEntryBytes = 2;
 
 // The bytes of an entry.
@@ -15,7 +14,7 @@ constexpr std::uint32_t kDigits = 1;
 
 std::uint32_t entryOffset(int index)
 {
-    return kHeadBytes + kEntryBytes * static_cast<std::uint32_t>(index);
+    return AreaMovement::kHeadBytes + kEntryBytes * static_cast<std::uint32_t>(index);
 }
 
 constexpr std::uint8_t highNibble(std::uint8_t byte)

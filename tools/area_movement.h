@@ -27,6 +27,8 @@ public:
 
         bool operator==(const Entry&) const = default;
     };
+    // Of a block, before its entries.
+    static constexpr std::uint32_t kHeadBytes = 2;
     // The most that byte 0 may hold: 127 entries.
     static constexpr std::uint32_t kLargestCount = 254;
 

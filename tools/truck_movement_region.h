@@ -41,6 +41,8 @@ public:
     std::int16_t freeBytes() const { return m_freeBytes; }
     void setFreeBytes(std::int16_t bytes) { m_freeBytes = bytes; }
 
+    // Where a pattern starts: bytes behind the start of the data region.
+    std::uint8_t pointer(std::uint32_t patternSet) const;
     std::uint8_t phase(std::uint32_t patternSet, std::uint32_t index) const;
     std::uint8_t phase(std::uint32_t index) const { return phase(m_currentSet, index); }
     void setPhase(std::uint32_t index, std::uint8_t value);
@@ -60,7 +62,6 @@ public:
 private:
     std::uint32_t fileOffset(std::uint32_t cpuAddress) const;
     std::uint32_t pointerOffset(std::uint32_t patternSet) const;
-    std::uint8_t pointer(std::uint32_t patternSet) const;
     // File offset of a position in the data region.
     std::uint32_t dataOffset(std::uint32_t position) const;
     // The position behind the last used byte.

@@ -1,3 +1,4 @@
+#include "check/region_survey.h"
 #include "pages/data_management_model.h"
 #include "tests/check/check_rom.h"
 #include "tests/demo/demo_game.h"
@@ -66,6 +67,8 @@ protected:
         EXPECT_TRUE(std::ranges::is_sorted(findings, {}, &Finding::kind));
         for (const Finding& finding : findings) {
             EXPECT_LT(finding.room.value_or(0), kDemoEntries);
+            EXPECT_LT(finding.area.value_or(0), kMostSurveyedEntries);
+            EXPECT_FALSE(finding.room && finding.area);
             EXPECT_TRUE(finding.text.ends_with('.'));
         }
     }
@@ -100,6 +103,43 @@ TEST_F(HostileRomCheck, RandomBytes)
         state.rom.setBytes(std::move(bytes));
         state.prepareRoomData();
         expectBounded();
+    }
+}
+
+// The tables of the overworld and of doors, and the blocks behind them, but not those of rooms.
+TEST_F(HostileRomCheck, DamagedOverworldAndDoors)
+{
+    const Bytes whole(state.rom.bytes().begin(), state.rom.bytes().end());
+    const std::uint32_t movement = state.store.pahMapAreaMovement.entryFileOffset(0);
+    const std::uint32_t trucks = value(MiscField::ptrMapTruckInit);
+    const std::uint32_t doors = value(MiscField::ptrEntranceScreen);
+    std::mt19937 random(13);
+    for (int turn = 0; turn < 50; ++turn) {
+        Bytes bytes = whole;
+        for (const std::uint32_t start : {movement, trucks, doors}) {
+            for (int i = 0; i < 300; ++i)
+                bytes.at(start + random() % 0x700) = static_cast<std::uint8_t>(random());
+        }
+        state.rom.setBytes(std::move(bytes));
+        state.prepareRoomData();
+        expectBounded();
+    }
+}
+
+TEST_F(HostileRomCheck, OverworldOfAnyNumberOfAreasAndTrucks)
+{
+    for (const std::uint32_t number : {1U, 0x7FFFU, 0x8000U, 0xFFFFU, 0xFFFFFFFFU}) {
+        state.config.setValue(MiscField::areas, number);
+        state.config.setValue(MiscField::numOfMapTrucks, number);
+        for (const MiscField field :
+             {MiscField::bpahTruckMovement_bank, MiscField::bpahTruckMovement_pMemStart,
+              MiscField::bpahTruckMovement_pMemEdge, MiscField::bpahTruckMovement_dMemStart,
+              MiscField::bpahTruckMovement_dMemEdge}) {
+            const std::uint32_t old = value(field);
+            state.config.setValue(field, number);
+            expectBounded();
+            state.config.setValue(field, old);
+        }
     }
 }
 

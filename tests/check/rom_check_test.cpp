@@ -395,7 +395,8 @@ TEST_F(RomCheck, ExitToAnEntranceThatNoRoomHas)
     game.bytes[CheckRom::kExitEntrances] = 4; // would be entrance 0 of room 2
     EXPECT_THAT(check(),
                 ElementsAre("exit-to-unset-entrance 0 3470 Exit 0 leads to entrance 4 of room 1, "
-                            "which is not set."));
+                            "which is not set.",
+                            "unreachable-room 1 3414 No way leads here from another room."));
 }
 
 TEST_F(RomCheck, RoomThatOnlyItsOwnExitLeadsTo)
@@ -403,7 +404,43 @@ TEST_F(RomCheck, RoomThatOnlyItsOwnExitLeadsTo)
     game.bytes[CheckRom::kExitRooms + 4 * 1] = 0;
     game.bytes[CheckRom::kExitRooms + 4 * 2 + 1] = 2;
     EXPECT_THAT(check(),
-                ElementsAre("unreachable-room 2 3418 No exit of another room leads here."));
+                ElementsAre("unreachable-room 2 3418 No way leads here from another room."));
+}
+
+TEST_F(RomCheck, RoomThatOnlyAnExitToAnUnsetEntranceLeadsTo)
+{
+    game.bytes[CheckRom::kExitEntrances + 4 * 1] = 3;
+    EXPECT_THAT(check(),
+                ElementsAre("exit-to-unset-entrance 1 3474 Exit 0 leads to entrance 3 of room 2, "
+                            "which is not set.",
+                            "unreachable-room 2 3418 No way leads here from another room."));
+}
+
+TEST_F(RomCheck, TwoRoomsThatOnlyLeadToOneAnother)
+{
+    game.bytes[CheckRom::kExitRooms + 4 * 1] = 0;
+    game.bytes[CheckRom::kExitRooms + 4 * 3] = 2;
+    EXPECT_THAT(check(),
+                ElementsAre("unreachable-group 2 3418 This room and room 3 lead to one another, "
+                            "and no way leads here from any other room."));
+    game.bytes[CheckRom::kExitRooms + 1] = 3; // from room 0
+    EXPECT_THAT(check(), IsEmpty());
+}
+
+TEST_F(RomCheck, ThreeRoomsThatOnlyLeadToOneAnother)
+{
+    game.bytes[CheckRom::kExitRooms] = 0;
+    game.bytes[CheckRom::kExitRooms + 4 * 3] = 1;
+    EXPECT_THAT(check(),
+                ElementsAre("unreachable-group 1 3414 This room and rooms 2 and 3 lead to one "
+                            "another, and no way leads here from any other room."));
+}
+
+TEST_F(RomCheck, RoomsAroundRoomZeroNeedNoWayIn)
+{
+    game.write(CheckRom::kExitRooms + 4 * 1, {0, 0, 0, 0});
+    game.write(CheckRom::kExitRooms + 4 * 2, {3, 3, 3, 3, 2, 2, 2, 2});
+    EXPECT_THAT(check(), ElementsAre(::testing::StartsWith("unreachable-group 2 3418 ")));
 }
 
 TEST_F(RomCheck, GameWithoutDoorTables)

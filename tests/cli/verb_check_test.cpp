@@ -35,8 +35,8 @@ TEST_F(CliTest, CheckFindsTheDemoWorn)
                 HasSubstr("\ndemo.nes:0x2908b: warning: room 39: The cell in column 0, row 0 tells "
                           "position e of the screen list, which has 13 screens (2 such cells). "
                           "[layout-past-screen-list]\n"));
-    EXPECT_THAT(outcome.out, EndsWith("\n0 errors, 4 warnings, 18 notes\n"));
-    EXPECT_EQ(std::ranges::count(outcome.out, '\n'), 23);
+    EXPECT_THAT(outcome.out, EndsWith("\n0 errors, 4 warnings, 21 notes\n"));
+    EXPECT_EQ(std::ranges::count(outcome.out, '\n'), 26);
 }
 
 TEST_F(CliTest, CheckOfNotesAloneIsFine)
@@ -44,7 +44,7 @@ TEST_F(CliTest, CheckOfNotesAloneIsFine)
     const auto outcome = run({"check", write("mended.nes", mended(demoBytes()))});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_THAT(outcome.out, EndsWith("\n0 errors, 0 warnings, 18 notes\n"));
+    EXPECT_THAT(outcome.out, EndsWith("\n0 errors, 0 warnings, 21 notes\n"));
 }
 
 TEST_F(CliTest, CheckOfAnErrorFails)
@@ -58,7 +58,7 @@ TEST_F(CliTest, CheckOfAnErrorFails)
                 HasSubstr("\n" + rom
                           + ":0x3d692: error: room 0: Exit 2 leads to room 6f; there "
                             "are rooms 0 to 6e. [exit-to-missing-room]\n"));
-    EXPECT_THAT(outcome.out, EndsWith("\n1 error, 0 warnings, 18 notes\n"));
+    EXPECT_THAT(outcome.out, EndsWith("\n1 error, 0 warnings, 21 notes\n"));
 }
 
 TEST_F(CliTest, CheckWritesJson)
@@ -68,16 +68,34 @@ TEST_F(CliTest, CheckWritesJson)
     const auto document = outcome.json();
     EXPECT_EQ(document["errors"], 0);
     EXPECT_EQ(document["warnings"], 4);
-    EXPECT_EQ(document["notes"], 18);
-    ASSERT_EQ(document["findings"].size(), 22U);
+    EXPECT_EQ(document["notes"], 21);
+    ASSERT_EQ(document["findings"].size(), 25U);
     const auto& gap = document["findings"][0];
     EXPECT_EQ(gap["severity"], "note");
     EXPECT_EQ(gap["code"], "gap");
     EXPECT_TRUE(gap["room"].is_null());
     EXPECT_EQ(gap["offset"], 0x281EA);
     EXPECT_EQ(gap["text"], "No screen list holds the 6 bytes from $81da to $81df.");
-    EXPECT_EQ(document["findings"][7]["severity"], "warning");
-    EXPECT_EQ(document["findings"][7]["room"], 0x6E);
+    EXPECT_TRUE(gap["area"].is_null());
+    EXPECT_EQ(document["findings"][9]["severity"], "warning");
+    EXPECT_EQ(document["findings"][9]["room"], 0x6E);
+}
+
+TEST_F(CliTest, CheckTellsTheAreaInPlaceOfARoom)
+{
+    Bytes bytes = demoBytes();
+    bytes.at(0x34148 + 2) = 0; // list of area 7, of three entries
+    const std::string rom = write("area.nes", bytes);
+    EXPECT_THAT(run({"check", rom}).out,
+                HasSubstr("\n" + rom
+                          + ":0x3414a: warning: area 7: The movement list counts 0 bytes of "
+                            "entries; each has 2, and an area has at least one. "
+                            "[bad-movement-count]\n"));
+    const auto document = run({"check", rom, "--json"}).json();
+    const auto& finding = document["findings"].back();
+    EXPECT_EQ(finding["code"], "bad-movement-count");
+    EXPECT_EQ(finding["area"], 7);
+    EXPECT_TRUE(finding["room"].is_null());
 }
 
 TEST_F(CliTest, CheckOfACutRomTellsErrors)
