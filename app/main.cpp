@@ -7,6 +7,7 @@
 #include "app/message_boxes.h"
 #include "app/text.h"
 #include "app/trace_output.h"
+#include "rom/file_io.h"
 
 #include <QApplication>
 #include <cstdlib>
@@ -66,6 +67,7 @@ int main(int argc, char** argv)
     if (answered(parseCommandLine(arguments))) // also where there is no display
         return 0;
 
+    failWritesOfTooLargeFiles();
     // Every place that the mouse passes counts: a fast stroke must not leave cells out.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);

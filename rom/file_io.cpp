@@ -1,5 +1,7 @@
 #include "rom/file_io.h"
 
+#include <algorithm>
+#include <csignal>
 #include <fstream>
 #include <new>
 #include <system_error>
@@ -46,6 +48,27 @@ std::optional<Bytes> readWhole(const std::filesystem::path& path, EmptyFile empt
     return bytes;
 }
 
+// Writes over a file of `oldSize` bytes where it lies. Its end comes first: when the disk is full
+// or the file may not be that long, that fails before anything is lost.
+void overwrite(std::fstream& file, const std::filesystem::path& path, std::uintmax_t oldSize,
+               std::span<const std::uint8_t> bytes)
+{
+    const auto write = [&file](std::uintmax_t offset, std::span<const std::uint8_t> piece) {
+        file.seekp(static_cast<std::streamoff>(offset));
+        file.write(reinterpret_cast<const char*>(piece.data()),
+                   static_cast<std::streamsize>(piece.size()));
+        return static_cast<bool>(file.flush());
+    };
+    const auto start = static_cast<std::size_t>(
+        std::min<std::uintmax_t>(oldSize, bytes.empty() ? 0 : bytes.size() - 1));
+    const bool fits = write(start, bytes.subspan(start));
+    if (fits)
+        write(0, bytes.first(start));
+    file.close();
+    std::error_code ignored;
+    std::filesystem::resize_file(path, fits ? bytes.size() : oldSize, ignored);
+}
+
 } // namespace
 
 bool isRegularFile(const std::filesystem::path& path)
@@ -66,9 +89,28 @@ std::optional<std::string> loadTextFile(const std::filesystem::path& path)
 
 void saveFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes)
 {
+    std::error_code error;
+    const auto old = std::filesystem::status(path, error);
+    const bool exists = std::filesystem::exists(old);
+    if (exists && !std::filesystem::is_regular_file(old))
+        return; // a pipe would wait for a reader
+    if (exists) {
+        std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+        const std::uintmax_t size = std::filesystem::file_size(path, error);
+        if (file && !error)
+            return overwrite(file, path, size, bytes);
+    }
+    // A new file, or one that may be written but not read.
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file.write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));
+}
+
+void failWritesOfTooLargeFiles()
+{
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
 }
 
 std::filesystem::path pathFromUtf8(std::string_view text)

@@ -30,8 +30,14 @@ std::optional<std::vector<std::uint8_t>> loadFile(const std::filesystem::path& p
 // file is an empty text.
 std::optional<std::string> loadTextFile(const std::filesystem::path& path);
 
-// Creates or truncates the file and writes `bytes`. A failure to open or write is not reported.
+// Makes `bytes` the file's whole content. An old file is written over where it lies, and stays as
+// it was when the new one does not fit on the disk. What is there and is no regular file is left
+// alone. A failure is not reported.
 void saveFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
+
+// For the start of a program: a file that may not become as large as it should is a failed write
+// from then on, where some platforms end the program at once.
+void failWritesOfTooLargeFiles();
 
 // Paths and texts are UTF-8 at the program's edges, on every platform. What cannot be converted
 // (a file name that is no text) becomes empty.

@@ -153,6 +153,52 @@ TEST(SaveFile, FailureIsSilent)
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
+#ifdef __unix__
+TEST(SaveFile, LinkIsFollowedAndKept)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("file.bin", std::string_view("old"));
+    const auto link = folder.path() / "link.bin";
+    std::filesystem::create_symlink(path, link);
+    saveFile(link, Bytes{1, 2, 3, 4});
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(loadFile(path), (Bytes{1, 2, 3, 4}));
+}
+
+TEST(SaveFile, PipeIsLeftAloneWithoutWaitingForIt)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.path() / "pipe";
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    saveFile(path, Bytes{1, 2});
+    EXPECT_TRUE(std::filesystem::is_fifo(path));
+}
+
+// Saves so many bytes over a file of 3000 ones while no file may have more than 2000.
+Bytes savedWithoutSpace(std::size_t size)
+{
+    const test::TemporaryFolder folder;
+    const auto path = folder.write("file.bin", Bytes(3000, 1));
+    const auto save = [&] {
+        failWritesOfTooLargeFiles();
+        const rlimit limit{2000, 2000};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        saveFile(path, Bytes(size, 2));
+        std::_Exit(42);
+    };
+    EXPECT_EXIT(save(), ::testing::ExitedWithCode(42), "");
+    return loadFile(path).value_or(Bytes());
+}
+
+TEST(SaveFileDeathTest, OldFileStaysWhereTheNewOneDoesNotFit)
+{
+    EXPECT_EQ(savedWithoutSpace(3000), Bytes(3000, 1));
+    EXPECT_EQ(savedWithoutSpace(4000), Bytes(3000, 1));
+    EXPECT_EQ(savedWithoutSpace(2001), Bytes(3000, 1));
+    EXPECT_EQ(savedWithoutSpace(2000), Bytes(2000, 2));
+}
+#endif
+
 TEST(PathFromUtf8, IsTheInverseOfUtf8FromPath)
 {
     EXPECT_EQ(utf8FromPath(pathFromUtf8("Häuser/城.nes")), "Häuser/城.nes");
