@@ -44,7 +44,11 @@ MainDialog::MainDialog(EditorState& state, UserPrompt& prompt, WindowTable windo
 }
 
 // Closing asks nothing and saves nothing, so the page just goes, without leave().
-MainDialog::~MainDialog() = default;
+MainDialog::~MainDialog()
+{
+    // A window that goes while it shows is hidden first, which ends the change of a held arrow.
+    m_ui->roomSpin->disconnect(this);
+}
 
 void MainDialog::openMainWindow()
 {

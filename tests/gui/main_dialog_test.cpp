@@ -364,6 +364,15 @@ TEST_F(MainDialogTest, ExitClosesWithoutAskingAnything)
     EXPECT_EQ(calls, Calls{"0 destroy room 0"});
 }
 
+TEST_F(MainDialogTest, WindowThatGoesUnderAHeldArrowChangesNoRoom)
+{
+    openQuietly();
+    QTest::mousePress(&spin(), Qt::LeftButton, {}, upperArrow());
+    dialog.reset();
+    EXPECT_EQ(calls, Calls{"0 destroy room 0"});
+    EXPECT_EQ(state.currentRoom(), 0);
+}
+
 TEST_F(MainDialogTest, EscapeDoesNotClose)
 {
     openQuietly();
