@@ -737,80 +737,52 @@ is_wanted_after:
     clc
     rts
 
-extend_column:
-    lda window_screen_x
-    ldx window_cell_x
+; Moves the window by one cell towards the wanted position, along a row or along a column, and has
+; `draw` draw what came into it. The window begins at cell window_cell of screen window_screen and is
+; window_size cells long; a screen has screen_size.
+.macro extend window_screen, window_cell, window_size, draw_screen, draw_cell, screen_size, draw
+    .local before, after, drawn, done
+    lda window_screen
+    ldx window_cell
     jsr is_wanted_after
-    bcs @right
-    dec window_cell_x
-    bpl @left
-    lda #SCREEN_COLUMNS - 1
-    sta window_cell_x
-    dec window_screen_x
-@left:
-    lda window_cell_x
-    sta cell_x
-    lda window_screen_x
-    sta cell_screen_x
-    jmp draw_column
-@right:
-    lda window_screen_x ; the column after the window's last one
-    sta cell_screen_x
-    lda window_cell_x
+    bcs after
+    dec window_cell
+    bpl before
+    lda #screen_size - 1
+    sta window_cell
+    dec window_screen
+before:
+    lda window_cell
+    sta draw_cell
+    lda window_screen
+    sta draw_screen
+    jmp draw
+after:
+    lda window_screen ; what follows the window's last cell
+    sta draw_screen
+    lda window_cell
     clc
-    adc #WINDOW_COLUMNS - SCREEN_COLUMNS
-    cmp #SCREEN_COLUMNS
-    bcc @drawn
-    sbc #SCREEN_COLUMNS
-    inc cell_screen_x
-@drawn:
-    inc cell_screen_x
-    sta cell_x
-    inc window_cell_x
-    lda window_cell_x
-    cmp #SCREEN_COLUMNS
-    bne @done
+    adc #window_size - screen_size
+    cmp #screen_size
+    bcc drawn
+    sbc #screen_size
+    inc draw_screen
+drawn:
+    inc draw_screen
+    sta draw_cell
+    inc window_cell
+    lda window_cell
+    cmp #screen_size
+    bne done
     lda #0
-    sta window_cell_x
-    inc window_screen_x
-@done:
-    jmp draw_column
+    sta window_cell
+    inc window_screen
+done:
+    jmp draw
+.endmacro
+
+extend_column:
+    extend window_screen_x, window_cell_x, WINDOW_COLUMNS, cell_screen_x, cell_x, SCREEN_COLUMNS, draw_column
 
 extend_row:
-    lda window_screen_y
-    ldx window_cell_y
-    jsr is_wanted_after
-    bcs @down
-    dec window_cell_y
-    bpl @up
-    lda #SCREEN_ROWS - 1
-    sta window_cell_y
-    dec window_screen_y
-@up:
-    lda window_cell_y
-    sta cell_y
-    lda window_screen_y
-    sta cell_screen_y
-    jmp draw_row
-@down:
-    lda window_screen_y
-    sta cell_screen_y
-    lda window_cell_y
-    clc
-    adc #WINDOW_ROWS - SCREEN_ROWS
-    cmp #SCREEN_ROWS
-    bcc @drawn
-    sbc #SCREEN_ROWS
-    inc cell_screen_y
-@drawn:
-    inc cell_screen_y
-    sta cell_y
-    inc window_cell_y
-    lda window_cell_y
-    cmp #SCREEN_ROWS
-    bne @done
-    lda #0
-    sta window_cell_y
-    inc window_screen_y
-@done:
-    jmp draw_row
+    extend window_screen_y, window_cell_y, WINDOW_ROWS, cell_screen_y, cell_y, SCREEN_ROWS, draw_row
