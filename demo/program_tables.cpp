@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
+#include <initializer_list>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,9 +21,15 @@ std::string hex(std::uint32_t value)
     return text.data();
 }
 
-void define(std::string& text, std::string_view name, std::uint32_t value)
+struct Definition {
+    std::string name;
+    std::uint32_t value;
+};
+
+void define(std::string& text, std::initializer_list<Definition> definitions)
 {
-    text += std::string(name) + " = " + hex(value) + '\n';
+    for (const auto& [name, value] : definitions)
+        text += name + " = " + hex(value) + '\n';
 }
 
 // A table that a file offset tells: the CPU address at which the program sees it.
@@ -38,12 +46,19 @@ std::uint32_t shownAt(const RegionPlan& plan)
     return shownAt(plan.tableBank * kBankBytes + (plan.tableStart & 0x7FFFU) + kHeaderBytes);
 }
 
-void defineTable(std::string& text, const std::string& name, const RegionPlan& plan)
+struct Region {
+    std::string name;
+    const RegionPlan& plan;
+};
+
+void defineRegion(std::string& text, const Region& region)
 {
-    define(text, name + "_TABLE", shownAt(plan));
-    const std::uint32_t bank = plan.tableBank + ((plan.tableStart & 0x7FFFU) / kBankBytes);
-    define(text, name + "_TABLE_BANK", bank);
-    define(text, name + "_BANK", plan.dataBanks[0]);
+    const RegionPlan& plan = region.plan;
+    const std::uint32_t tableBank = plan.tableBank + ((plan.tableStart & 0x7FFFU) / kBankBytes);
+    define(text,
+           {{region.name + "_TABLE", shownAt(plan)},
+            {region.name + "_TABLE_BANK", tableBank},
+            {region.name + "_BANK", plan.dataBanks[0]}});
 }
 
 void bytes(std::string& text, std::string_view label, const std::vector<std::uint32_t>& values)
@@ -58,46 +73,45 @@ void bytes(std::string& text, std::string_view label, const std::vector<std::uin
 
 std::string programLayout()
 {
+    const auto spriteTypes = static_cast<std::uint32_t>(kSpriteUnits.size());
     std::string text;
-    define(text, "ROOMS", kRooms);
-    define(text, "OVERWORLD_ENTRY", kOverworldEntry);
-    define(text, "AREAS", kAreas);
-    define(text, "CARTS", kTrucks);
-    define(text, "EXIT_TYPE", static_cast<std::uint32_t>(kSpriteUnits.size()));
-    define(text, "SPRITE_TYPES", static_cast<std::uint32_t>(kSpriteUnits.size()));
-
-    defineTable(text, "LIST", kMapAllocPlan);
-    defineTable(text, "LAYOUT", kMapLayoutPlan);
-    defineTable(text, "PALETTE", kPalettePlan);
-    defineTable(text, "BACKGROUND", kTileLoadPlan);
-    defineTable(text, "BLOCK", kTile32Plan);
-    defineTable(text, "UNIT", kUnitPlan);
-    defineTable(text, "LOAD", kType2Plan);
-
-    define(text, "SCREEN_BANK", kScreenBank);
-    define(text, "TILE_BANK", kBackgroundBank);
-    define(text, "GRAPHICS_BANK", kGraphicsBank);
-    define(text, "SCRIPT_BANK", kSpriteBank);
-    define(text, "HERO_SCRIPT", kHeroScript);
-    define(text, "LOAD_RECORD_BANK", kScreenBank);
-    define(text, "LOAD_RECORDS", shownAt(kLoadRecords));
-
-    define(text, "ENTRANCE_SCREENS", shownAt(kEntranceScreen));
-    define(text, "ENTRANCE_CELLS", shownAt(kEntranceBlock));
-    define(text, "EXIT_ROOMS", shownAt(kExitRoom));
-    define(text, "EXIT_ENTRANCES", shownAt(kExitEntrance));
-
-    define(text, "OVERWORLD_BANK", kOverworldBank);
-    define(text, "MAP_COLUMNS", kMapColumns);
-    define(text, "MAP_ROWS", kMapRows);
-    define(text, "MAP_TILES", shownAt(kMapTiles));
-    define(text, "MAP_ATTRIBUTES", shownAt(kMapAttributes));
-    define(text, "MAP_PALETTES", shownAt(kMapPalettes));
-    define(text, "AREA_POSITIONS", shownAt(kAreaPositions));
-    define(text, "TRUCK_STARTS", shownAt(kTruckStarts));
-    define(text, "TRUCK_POINTERS", kTruckPointers);
-    define(text, "TRUCK_PATTERNS", kTruckData);
-    define(text, "QUAD_SPRITES", shownAt(kQuadSprites));
+    define(text,
+           {{"ROOMS", kRooms},
+            {"OVERWORLD_ENTRY", kOverworldEntry},
+            {"AREAS", kAreas},
+            {"CARTS", kTrucks},
+            {"EXIT_TYPE", spriteTypes},
+            {"SPRITE_TYPES", spriteTypes}});
+    for (const Region& region :
+         {Region{"LIST", kMapAllocPlan}, Region{"LAYOUT", kMapLayoutPlan},
+          Region{"PALETTE", kPalettePlan}, Region{"BACKGROUND", kTileLoadPlan},
+          Region{"BLOCK", kTile32Plan}, Region{"UNIT", kUnitPlan}, Region{"LOAD", kType2Plan}})
+        defineRegion(text, region);
+    define(text,
+           {{"SCREEN_BANK", kScreenBank},
+            {"TILE_BANK", kBackgroundBank},
+            {"GRAPHICS_BANK", kGraphicsBank},
+            {"SCRIPT_BANK", kSpriteBank},
+            {"HERO_SCRIPT", kHeroScript},
+            {"LOAD_RECORD_BANK", kScreenBank},
+            {"LOAD_RECORDS", shownAt(kLoadRecords)}});
+    define(text,
+           {{"ENTRANCE_SCREENS", shownAt(kEntranceScreen)},
+            {"ENTRANCE_CELLS", shownAt(kEntranceBlock)},
+            {"EXIT_ROOMS", shownAt(kExitRoom)},
+            {"EXIT_ENTRANCES", shownAt(kExitEntrance)}});
+    define(text,
+           {{"OVERWORLD_BANK", kOverworldBank},
+            {"MAP_COLUMNS", kMapColumns},
+            {"MAP_ROWS", kMapRows},
+            {"MAP_TILES", shownAt(kMapTiles)},
+            {"MAP_ATTRIBUTES", shownAt(kMapAttributes)},
+            {"MAP_PALETTES", shownAt(kMapPalettes)},
+            {"AREA_POSITIONS", shownAt(kAreaPositions)},
+            {"TRUCK_STARTS", shownAt(kTruckStarts)},
+            {"TRUCK_POINTERS", kTruckPointers},
+            {"TRUCK_PATTERNS", kTruckData},
+            {"QUAD_SPRITES", shownAt(kQuadSprites)}});
     return text;
 }
 
