@@ -11,7 +11,7 @@ public:
     HousePainter(RoomCanvas& canvas, const House& house)
         : m_canvas(canvas)
         , m_house(house)
-        , m_dice(static_cast<std::uint32_t>(house.seed))
+        , m_dice(house.seed)
         , m_wallTop(house.ground - 2 * house.floors)
     {
     }

@@ -1,84 +1,91 @@
 #include "demo/cave_scene.h"
 
-#include "demo/dice.h"
+#include "demo/gallery_painter.h"
 
 namespace velko::demo {
 
 namespace {
 
-class CavePainter {
-public:
-    CavePainter(RoomCanvas& canvas, const GalleryPlan& plan)
-        : m_canvas(canvas)
-        , m_plan(plan)
-        , m_grid(canvas.screenColumns(), plan)
-        , m_dice(static_cast<std::uint32_t>(plan.seed))
-    {
-    }
+// Things that stand: their lowest row lies on the floor.
+const ThingSet kStanding{
+    "thing in a cave",
+    {{'s', -1, {{"stalagmite_t"}, {"stalagmite_b"}}},
+     {'X', -1, {{"crystal_tl", "crystal_tr"}, {"crystal_bl", "crystal_br"}}},
+     {'M', -1, {{"mushroom_tl", "mushroom_tr"}, {"mushroom_bl", "mushroom_br"}}},
+     {'C', -1, {{"cart_load", "cart_load"}, {"mine_cart_l", "mine_cart_r"}}},
+     {'D',
+      -2,
+      {{"mine_joint", "mine_joint"}, {"mine_post", "mine_post"}, {"mine_post", "mine_post"}}},
+     {'c', 0, {{"mine_crate"}}},
+     {'_', 0, {{"rails", "rails"}}},
+     {'n', 0, {{"cave_sign"}}},
+     {'t', -2, {{"mine_torch"}}}}};
 
-    void paint()
+const ThingSet kHanging{"thing hanging in a cave",
+                        {{'s', 0, {{"stalactite_t"}, {"stalactite_b"}}},
+                         {'S', 0, {{"stalactites", "stalactites"}}},
+                         {'l', 0, {{"hanging_lantern"}}},
+                         {'w', 0, {{"web"}}},
+                         {'r', 0, {{"rope"}, {"rope"}, {"rope"}, {"rope"}}}}};
+
+class CavePainter final : public GalleryPainter {
+public:
+    // Lanterns hang on columns.
+    CavePainter(RoomCanvas& canvas, const GalleryPlan& plan)
+        : GalleryPainter(canvas, plan, kHanging, Front::kHanging)
     {
-        for (int y = 0; y < m_grid.height(); ++y)
-            for (int x = 0; x < m_grid.width(); ++x)
-                paintCell(x, y);
-        for (const Ledge& ledge : m_plan.ledges)
-            m_canvas.fill(ledge.x, ledge.y, ledge.cells, 1, "cave_ledge");
-        for (std::size_t g = 0; g < m_plan.galleries.size(); ++g)
-            placeAll(static_cast<int>(g));
     }
 
 private:
-    void paintCell(int x, int y)
+    std::string_view blockFor(int x, int y) const override
     {
-        switch (m_grid.at(x, y)) {
+        switch (grid().at(x, y)) {
         case Fill::kOpen:
-            return paintOpen(x, y);
+            return grid().ladder(x, y) ? "cave_ladder" : farWall(x, y);
         case Fill::kSolid:
-            return m_canvas.put(x, y, rockFor(x, y));
+            return rockFor(x, y);
         case Fill::kSlopeUp:
-            return m_canvas.put(x, y, "cave_slope_up");
+            return "cave_slope_up";
         case Fill::kSlopeDown:
-            return m_canvas.put(x, y, "cave_slope_down");
+            return "cave_slope_down";
         case Fill::kSurface:
-            return m_canvas.put(x, y, m_grid.fiery(x) ? "lava_top" : "pool_top");
+            return grid().fiery(x) ? "lava_top" : "pool_top";
         case Fill::kLiquid:
-            return m_canvas.put(x, y, m_grid.fiery(x) ? "lava" : "pool");
+            return grid().fiery(x) ? "lava" : "pool";
         case Fill::kBridge:
-            return m_canvas.put(x, y, "rope_bridge");
+            return "rope_bridge";
         }
+        return {};
     }
 
-    // The far wall shows in a few blocks, always in the same two cells.
-    void paintOpen(int x, int y)
+    // It shows in a few blocks, always in the same two cells.
+    std::string_view farWall(int x, int y) const
     {
-        if (m_grid.ladder(x, y))
-            return m_canvas.put(x, y, "cave_ladder");
+        if (rollForBlock(x, y, 5) != 0)
+            return {};
         const int row = y % kScreenRows;
-        if (m_dice.roll(row / 2 * 512 + y / kScreenRows * 4096 + x / 2, 5) != 0)
-            return;
         if (x % 2 == 0 && row % 2 == 1)
-            m_canvas.put(x, y, "cave_back");
-        else if (x % 2 == 1 && row % 2 == 0)
-            m_canvas.put(x, y, "cave_back_dim");
+            return "cave_back";
+        return x % 2 == 1 && row % 2 == 0 ? "cave_back_dim" : std::string_view();
     }
 
     std::string_view rockFor(int x, int y) const
     {
-        const bool left = m_grid.open(x - 1, y);
-        const bool right = m_grid.open(x + 1, y);
-        if (m_grid.open(x, y - 1))
+        const bool left = grid().open(x - 1, y);
+        const bool right = grid().open(x + 1, y);
+        if (grid().open(x, y - 1))
             return left ? "cave_rock_tl" : right ? "cave_rock_tr" : "cave_rock_t";
-        if (m_grid.open(x, y + 1))
+        if (grid().open(x, y + 1))
             return left ? "cave_rock_bl" : right ? "cave_rock_br" : "cave_rock_b";
         if (left || right)
             return left ? "cave_rock_l" : "cave_rock_r";
-        if (m_grid.open(x - 1, y - 1))
+        if (grid().open(x - 1, y - 1))
             return "cave_rock_itl";
-        if (m_grid.open(x + 1, y - 1))
+        if (grid().open(x + 1, y - 1))
             return "cave_rock_itr";
-        if (m_grid.open(x - 1, y + 1))
+        if (grid().open(x - 1, y + 1))
             return "cave_rock_ibl";
-        if (m_grid.open(x + 1, y + 1))
+        if (grid().open(x + 1, y + 1))
             return "cave_rock_ibr";
         return innerRock(x, y);
     }
@@ -87,7 +94,7 @@ private:
     std::string_view innerRock(int x, int y) const
     {
         const int row = y % kScreenRows;
-        const int kind = m_dice.roll(8192 + row / 2 * 512 + y / kScreenRows * 4096 + x / 2, 9);
+        const int kind = rollForBlock(x, y, 9, 1);
         if (x % 2 == 0 && row % 2 == 0 && kind < 3)
             return "cave_rock_dim";
         if (x % 2 == 1 && row % 2 == 0 && kind == 8)
@@ -95,102 +102,28 @@ private:
         return "cave_rock";
     }
 
-    void placeAll(int gallery)
+    void paintLedge(const Ledge& ledge) override
     {
-        const Gallery& texts = m_plan.galleries[static_cast<std::size_t>(gallery)];
-        for (int column = 0; column < m_grid.columns(); ++column) {
-            const auto i = static_cast<std::size_t>(column);
-            placeThing(texts.things[i], 2 * column, m_grid.floorRow(gallery, column) - 1,
-                       m_grid.ceilingRow(gallery, column));
-            placeHanging(texts.hanging[i], 2 * column, m_grid.ceilingRow(gallery, column));
-        }
+        canvas().fill(ledge.x, ledge.y, ledge.cells, 1, "cave_ledge");
     }
 
-    void placePair(int x, int y, std::string_view left, std::string_view right)
+    void placeStanding(const std::string& things, std::size_t column, const Niche& niche) override
     {
-        m_canvas.put(x, y, left);
-        m_canvas.put(x + 1, y, right);
-    }
-
-    void placeThing(char letter, int x, int y, int ceiling)
-    {
-        if (!m_grid.open(x, y)) // nothing stands where floor and ceiling meet
-            return;
-        switch (letter) {
-        case '.':
-            return;
-        case 's':
-            m_canvas.put(x, y - 1, "stalagmite_t");
-            return m_canvas.put(x, y, "stalagmite_b");
+        const int x = niche.x;
+        const int y = niche.floor;
+        switch (things[column]) {
         case 'O':
-            return m_canvas.fill(x, ceiling, 1, y - ceiling + 1, "cave_column");
-        case 'X':
-            placePair(x, y - 1, "crystal_tl", "crystal_tr");
-            return placePair(x, y, "crystal_bl", "crystal_br");
-        case 'M':
-            placePair(x, y - 1, "mushroom_tl", "mushroom_tr");
-            return placePair(x, y, "mushroom_bl", "mushroom_br");
-        case 'C':
-            placePair(x, y - 1, "cart_load", "cart_load");
-            return placePair(x, y, "mine_cart_l", "mine_cart_r");
-        case 'D':
-            placePair(x, y - 2, "mine_joint", "mine_joint");
-            placePair(x, y - 1, "mine_post", "mine_post");
-            return placePair(x, y, "mine_post", "mine_post");
-        default:
-            return placeSmall(letter, x, y);
-        }
-    }
-
-    void placeSmall(char letter, int x, int y)
-    {
-        switch (letter) {
+            return canvas().fill(x, niche.ceiling, 1, y - niche.ceiling + 1, "cave_column");
         case 'r':
-            return m_canvas.put(x + 1, y, x % 4 == 0 ? "rubble" : "rubble~");
+            return canvas().put(x + 1, y, x % 4 == 0 ? "rubble" : "rubble~");
         case 'x':
-            return m_canvas.put(x, y, x % 4 == 0 ? "crystal_small" : "crystal_small~");
+            return canvas().put(x, y, x % 4 == 0 ? "crystal_small" : "crystal_small~");
         case 'g':
-            return m_canvas.put(x, y, x % 4 == 0 ? "glow_mushrooms" : "glow_mushrooms~");
-        case 'c':
-            return m_canvas.put(x, y, "mine_crate");
-        case '_':
-            return placePair(x, y, "rails", "rails");
-        case 'n':
-            return m_canvas.put(x, y, "cave_sign");
-        case 't':
-            return m_canvas.put(x, y - 2, "mine_torch");
+            return canvas().put(x, y, x % 4 == 0 ? "glow_mushrooms" : "glow_mushrooms~");
         default:
-            throw DemoError(std::string("unknown thing in a cave: ") + letter);
+            return placeThing(canvas(), kStanding, things[column], x, y);
         }
     }
-
-    void placeHanging(char letter, int x, int y)
-    {
-        if (!m_grid.open(x, y))
-            return;
-        switch (letter) {
-        case '.':
-            return;
-        case 's':
-            m_canvas.put(x, y, "stalactite_t");
-            return m_canvas.put(x, y + 1, "stalactite_b");
-        case 'S':
-            return placePair(x, y, "stalactites", "stalactites");
-        case 'l':
-            return m_canvas.put(x, y, "hanging_lantern");
-        case 'w':
-            return m_canvas.put(x, y, "web");
-        case 'r':
-            return m_canvas.fill(x, y, 1, 4, "rope");
-        default:
-            throw DemoError(std::string("unknown thing hanging in a cave: ") + letter);
-        }
-    }
-
-    RoomCanvas& m_canvas;
-    const GalleryPlan& m_plan;
-    GalleryGrid m_grid;
-    Dice m_dice;
 };
 
 } // namespace

@@ -8,7 +8,7 @@ namespace velko::demo {
 // what is asked.
 class Dice {
 public:
-    explicit constexpr Dice(std::uint32_t seed) : m_seed(seed) { }
+    explicit constexpr Dice(int seed) : m_seed(static_cast<std::uint32_t>(seed)) { }
 
     // 0 to sides - 1 for this place.
     constexpr int roll(int place, int sides) const

@@ -1,13 +1,28 @@
 #include "demo/interior_scene.h"
 
+#include "demo/village_things.h"
+
 namespace velko::demo {
 
 namespace {
 
+// Rows count from the lowest one above the floor.
+const ThingSet kFurniture{
+    "furniture",
+    withVillageThings(
+        {{'D', -1, {{"house_door_t"}, {"house_door_b"}}},
+         {'o', -3, {{"house_window", "house_window"}}},
+         {'f', -3, {{"window_flowers", "window_flowers"}}},
+         {'s', -1, {{"goods_bread", "goods_apples"}, {"shop_counter", "shop_counter"}}},
+         {'k', 0, {{"sack", "sack"}}}})};
+
 class InteriorPainter {
 public:
     InteriorPainter(RoomCanvas& canvas, const InteriorPlan& plan)
-        : m_canvas(canvas), m_plan(plan), m_ground(canvas.height() - 3)
+        : m_canvas(canvas)
+        , m_plan(plan)
+        , m_ground(villageGround(canvas))
+        , m_beam(plan.brick ? 2 : 4)
     {
         const auto columns = static_cast<std::size_t>(canvas.width() / 2);
         if (plan.furniture.size() != columns)
@@ -18,82 +33,43 @@ public:
     void paint()
     {
         const int width = m_canvas.width();
-        const int ceiling = m_plan.brick ? 2 : 4;
-        m_canvas.fill(0, 0, width, ceiling, m_plan.brick ? "brick" : "roof_tiles");
-        m_canvas.fill(0, ceiling, width, 1, "timber_beam");
+        m_canvas.fill(0, 0, width, m_beam, m_plan.brick ? "brick" : "roof_tiles");
+        m_canvas.fill(0, m_beam, width, 1, "timber_beam");
         for (const int x : {0, width - 1})
-            m_canvas.fill(x, ceiling, 1, m_ground - ceiling, m_plan.brick ? "brick" : "stone_wall");
-        m_canvas.fill(0, m_ground, width, 1, "cobbles_top");
-        m_canvas.fill(0, m_ground + 1, width, 1, "cobbles");
-        m_canvas.fill(0, m_ground + 2, width, 1, "stone_wall");
+            m_canvas.fill(x, m_beam, 1, m_ground - m_beam, m_plan.brick ? "brick" : "stone_wall");
+        layVillageGround(m_canvas);
         for (std::size_t i = 0; i < m_plan.furniture.size(); ++i)
-            place(m_plan.furniture[i], 2 * static_cast<int>(i), m_ground - 1, ceiling);
+            place(m_plan.furniture[i], 2 * static_cast<int>(i));
     }
 
 private:
-    void placePair(int x, int y, std::string_view left, std::string_view right)
-    {
-        m_canvas.put(x, y, left);
-        m_canvas.put(x + 1, y, right);
-    }
-
-    void place(char letter, int x, int y, int ceiling)
+    void place(char letter, int x)
     {
         switch (letter) {
-        case '.':
-            return;
-        case 'D':
-            m_canvas.put(x, y - 1, "house_door_t");
-            return m_canvas.put(x, y, "house_door_b");
-        case 'o':
-            return placePair(x, y - 3, "house_window", "house_window");
-        case 'f':
-            return placePair(x, y - 3, "window_flowers", "window_flowers");
-        case 's':
-            placePair(x, y, "shop_counter", "shop_counter");
-            return placePair(x, y - 1, "goods_bread", "goods_apples");
         case 'K':
-            m_canvas.fill(x, ceiling, 2, y - ceiling + 1, "brick");
-            placePair(x, y - 5, "clock_tl", "clock_tr");
-            placePair(x, y - 4, "clock_bl", "clock_br");
-            return placePair(x, y, "brick_window", "brick_window");
-        case 't':
-            m_canvas.put(x, y - 1, "potted_tree_t");
-            return m_canvas.put(x, y, "potted_tree_b");
-        case 'l':
-            m_canvas.put(x, y - 1, "street_lamp_top");
-            return m_canvas.put(x, y, "street_lamp_post");
-        case 'c':
-            m_canvas.put(x, y - 1, "crate");
-            return placePair(x, y, "crate", "crate");
+            return placeFireplace(x);
+        case 'u':
+            return m_canvas.stamp(x, m_beam + 1, {{"bunting", "bunting"}});
+        case 'y':
+            return m_canvas.stamp(x, m_beam + 1, {{"laundry_l", "laundry_r"}});
+        case 'n':
+            return m_canvas.put(x, m_beam + 1, "shop_sign");
         default:
-            return placeSmall(letter, x, y, ceiling);
+            return placeThing(m_canvas, kFurniture, letter, x, m_ground - 1);
         }
     }
 
-    void placeSmall(char letter, int x, int y, int ceiling)
+    void placeFireplace(int x)
     {
-        switch (letter) {
-        case 'r':
-            return placePair(x, y, "barrel", "barrel");
-        case 'b':
-            return m_canvas.put(x, y, "bench");
-        case 'k':
-            return placePair(x, y, "sack", "sack");
-        case 'u':
-            return placePair(x, ceiling + 1, "bunting", "bunting");
-        case 'y':
-            return placePair(x, ceiling + 1, "laundry_l", "laundry_r");
-        case 'n':
-            return m_canvas.put(x, ceiling + 1, "shop_sign");
-        default:
-            throw DemoError(std::string("unknown furniture: ") + letter);
-        }
+        m_canvas.fill(x, m_beam, 2, m_ground - m_beam, "brick");
+        m_canvas.stamp(x, m_ground - 6, {{"clock_tl", "clock_tr"}, {"clock_bl", "clock_br"}});
+        m_canvas.stamp(x, m_ground - 1, {{"brick_window", "brick_window"}});
     }
 
     RoomCanvas& m_canvas;
     const InteriorPlan& m_plan;
-    int m_ground;
+    int m_ground; // first row of the floor
+    int m_beam;   // row of the beam under the ceiling
 };
 
 } // namespace

@@ -22,7 +22,7 @@ int heightOf(char letter)
 class MeadowPainter {
 public:
     MeadowPainter(RoomCanvas& canvas, const MeadowPlan& plan)
-        : m_canvas(canvas), m_plan(plan), m_dice(static_cast<std::uint32_t>(plan.seed))
+        : m_canvas(canvas), m_plan(plan), m_dice(plan.seed)
     {
         const auto columns = static_cast<std::size_t>(canvas.width() / 2);
         if (plan.ground.size() != columns || plan.things.size() != columns)
@@ -178,20 +178,11 @@ private:
         return "dirt";
     }
 
-    bool clear(int x, int y, int columns, int rows) const
-    {
-        for (int row = y; row < y + rows; ++row)
-            for (int column = x; column < x + columns; ++column)
-                if (!m_canvas.empty(column, row))
-                    return false;
-        return true;
-    }
-
     void paintSky()
     {
         if (m_plan.sun && m_canvas.tileset().has("sun_tl")) {
             const int x = 2 * (2 + m_dice.roll(1, std::min(columns() - 4, 10)));
-            if (clear(x, 2, 2, 2))
+            if (m_canvas.empty(x, 2, 2, 2))
                 m_canvas.stamp(x, 2, {{"sun_tl", "sun_tr"}, {"sun_bl", "sun_br"}});
         }
         const int skyRows = m_canvas.screenRows() * kBlocksPerScreen;
@@ -204,7 +195,7 @@ private:
     void cloud(int x, int y, int kind)
     {
         const int cells = kind == 0 ? 2 : 4;
-        if (!clear(x - 2, y - 2, cells + 4, 5) || x % 16 + cells > 16)
+        if (!m_canvas.empty(x - 2, y - 2, cells + 4, 5) || x % 16 + cells > 16)
             return;
         if (kind == 0) {
             m_canvas.put(x, y, "cloud_small");

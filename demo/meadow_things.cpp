@@ -1,6 +1,7 @@
 #include "demo/meadow_things.h"
 
 #include "demo/buildings.h"
+#include "demo/things.h"
 
 namespace velko::demo {
 
@@ -37,46 +38,24 @@ void placePine(RoomCanvas& canvas, int x, int top, int height)
     canvas.put(x, top - height, "pine_top");
 }
 
-void placePair(RoomCanvas& canvas, int x, int y, std::string_view left, std::string_view right)
-{
-    canvas.put(x, y, left);
-    canvas.put(x + 1, y, right);
-}
-
-// Things of one row.
-void placeSmall(RoomCanvas& canvas, char letter, int x, int y)
-{
-    switch (letter) {
-    case 'b':
-        return placePair(canvas, x, y, "bush_l", "bush_r");
-    case 'o':
-        return canvas.put(x, y, "bush");
-    case 'f':
-        return placePair(canvas, x, y, "flower_tulip", "flower_daisy");
-    case 'd':
-        return placePair(canvas, x, y, "flower_daisy", "flower_daisy");
-    case 'g':
-        return placePair(canvas, x, y, "grass_tall", "grass_tall");
-    case 'm':
-        return canvas.put(x + 1, y, "mushroom");
-    case 's':
-        return canvas.put(x, y, "sign");
-    case 'F':
-        return placePair(canvas, x, y, "fence", "fence");
-    case 'w':
-        return placePair(canvas, x, y, "wheat", "wheat");
-    case 'r':
-        return canvas.put(x, y, "reeds");
-    case 'R':
-        return canvas.put(x, y, "rock");
-    case 'S':
-        return canvas.put(x + 1, y, "stump");
-    case 'D':
-        return placePair(canvas, x, y, "stone_mossy", "stone_mossy");
-    default:
-        throw DemoError(std::string("unknown thing in a meadow: ") + letter);
-    }
-}
+// What has the same shape everywhere. Rows count from the lowest one above the ground.
+const ThingSet kThings{
+    "thing in a meadow",
+    {{'T', -2, {{"tree_tl", "tree_tr"}, {"tree_bl", "tree_br"}, {"tree_trunk_l", "tree_trunk_r"}}},
+     {'l', -1, {{"lamp_top"}, {"lamp_post"}}},
+     {'b', 0, {{"bush_l", "bush_r"}}},
+     {'o', 0, {{"bush"}}},
+     {'f', 0, {{"flower_tulip", "flower_daisy"}}},
+     {'d', 0, {{"flower_daisy", "flower_daisy"}}},
+     {'g', 0, {{"grass_tall", "grass_tall"}}},
+     {'m', 0, {{"", "mushroom"}}},
+     {'s', 0, {{"sign"}}},
+     {'F', 0, {{"fence", "fence"}}},
+     {'w', 0, {{"wheat", "wheat"}}},
+     {'r', 0, {{"reeds"}}},
+     {'R', 0, {{"rock"}}},
+     {'S', 0, {{"", "stump"}}},
+     {'D', 0, {{"stone_mossy", "stone_mossy"}}}}};
 
 } // namespace
 
@@ -90,18 +69,12 @@ void placeMeadowThing(RoomCanvas& canvas, const MeadowThing& thing)
     const int x = thing.x;
     const int top = thing.top;
     switch (thing.letter) {
-    case '.':
-        return;
     case 'M':
         return placeMountain(canvas, thing);
     case 'h':
         return placeHills(canvas, thing);
     case 'X':
         return paintHouse(canvas, {x, top, thing.cells, 1, HouseStyle::kCottage, thing.seed + x});
-    case 'T':
-        return canvas.stamp(
-            x, top - 3,
-            {{"tree_tl", "tree_tr"}, {"tree_bl", "tree_br"}, {"tree_trunk_l", "tree_trunk_r"}});
     case 'P':
         return placePine(canvas, x, top, 3);
     case 'p':
@@ -109,11 +82,8 @@ void placeMeadowThing(RoomCanvas& canvas, const MeadowThing& thing)
     case 'Q':
         placePine(canvas, x, top, 3);
         return placePine(canvas, x + 1, top, 4);
-    case 'l':
-        canvas.put(x, top - 2, "lamp_top");
-        return canvas.put(x, top - 1, "lamp_post");
     default:
-        return placeSmall(canvas, thing.letter, x, top - 1);
+        return placeThing(canvas, kThings, thing.letter, x, top - 1);
     }
 }
 

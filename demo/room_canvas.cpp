@@ -21,6 +21,15 @@ bool RoomCanvas::shows(int x, int y, std::string_view name) const
     return inside(x, y) && m_tileset->has(name) && cell(x, y).slot == m_tileset->cell(name).slot;
 }
 
+bool RoomCanvas::empty(int x, int y, int columns, int rows) const
+{
+    for (int row = y; row < y + rows; ++row)
+        for (int column = x; column < x + columns; ++column)
+            if (!empty(column, row))
+                return false;
+    return true;
+}
+
 void RoomCanvas::put(int x, int y, const Cell& cell)
 {
     if (inside(x, y))
@@ -60,9 +69,9 @@ void RoomCanvas::clear(int x, int y, int columns, int rows)
             put(column, row, m_tileset->emptyCell());
 }
 
-void RoomCanvas::stamp(int x, int y, const std::vector<std::vector<std::string_view>>& rows)
+void RoomCanvas::stamp(int x, int y, const CellNames& names)
 {
-    for (const auto& row : rows) {
+    for (const auto& row : names) {
         int column = x;
         for (const std::string_view name : row) {
             if (!name.empty())

@@ -8,6 +8,9 @@
 
 namespace velko::demo {
 
+// Names of blocks, row by row from the top; an empty name is no block.
+using CellNames = std::vector<std::vector<std::string_view>>;
+
 // A whole room as a grid of 16x16 cells, painted by block names. Painting outside is cut off.
 class RoomCanvas {
 public:
@@ -25,6 +28,8 @@ public:
     bool shows(int x, int y, std::string_view name) const;
     // True where slot 0 shows.
     bool empty(int x, int y) const { return inside(x, y) && cell(x, y).slot == 0; }
+    // True where slot 0 shows in all of these cells.
+    bool empty(int x, int y, int columns, int rows) const;
     // True where the hero could not pass.
     bool solid(int x, int y) const { return inside(x, y) && cell(x, y).physics == 1; }
 
@@ -36,8 +41,8 @@ public:
     void fill(int x, int y, int columns, int rows, std::string_view name);
     // Slot 0 with the palette and physics of empty cells.
     void clear(int x, int y, int columns, int rows);
-    // Rows of names, cell by cell from (x, y); an empty name leaves the cell as it is.
-    void stamp(int x, int y, const std::vector<std::vector<std::string_view>>& rows);
+    // The blocks of `names` from (x, y) on; an empty name leaves the cell as it is.
+    void stamp(int x, int y, const CellNames& names);
 
     // One screen of the room.
     ScreenGrid screen(int column, int row) const;
