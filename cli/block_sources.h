@@ -1,13 +1,12 @@
 #pragma once
 
+#include "cli/block_elements.h"
 #include "cli/game_diff.h"
 #include "state/editor_state.h"
 
-#include <array>
 #include <compare>
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,34 +22,13 @@ struct BlockKey {
     auto operator<=>(const BlockKey&) const = default;
 };
 
-// A piece of a block that a person knows by a name.
-struct BlockElement {
-    std::uint32_t place = 0;  // tells which piece it is; rises through a block
-    std::uint32_t offset = 0; // from the block's start
-    std::uint32_t length = 0; // bytes
-    std::array<std::uint8_t, 8> bytes{};
-    bool isEnd = false; // the mark at a list's end
-
-    bool sameBytes(const BlockElement& other) const
-    {
-        return length == other.length && bytes == other.bytes;
-    }
-};
-
-// A value inside an element.
-struct BlockField {
-    enum class Text : std::uint8_t { kBytes, kWord, kUnitType, kLoad, kScreenColumn };
-
-    std::string_view name; // behind the element's; starts with a blank, or is empty
-    std::uint32_t offset = 0;
-    std::uint32_t length = 0;
-    Text text = Text::kBytes;
-};
-
 // One kind of data that is kept in blocks to which a table points, as a comparison sees it. It
 // keeps nothing of a game.
 class BlockSource {
 public:
+    // Further entries of a table are left out.
+    static constexpr std::uint32_t kMostEntries = 256;
+
     virtual ~BlockSource() = default;
 
     virtual std::string_view name() const = 0;
@@ -58,6 +36,7 @@ public:
     // Whether elements that come or go move those behind them.
     virtual bool isList() const = 0;
 
+    // How many there are, at most kMostEntries.
     virtual std::uint32_t entries(const EditorState& state) const = 0;
     virtual BlockKey key(const EditorState& state, std::uint32_t entry) const = 0;
     // File offsets of the entry in the table.
@@ -74,9 +53,8 @@ public:
     virtual std::vector<BlockField> fields(const BlockElement& element) const = 0;
 };
 
-// The value of a field's bytes, with the name that the module has for it.
-std::string fieldText(const EditorState& state, const BlockField& field,
-                      std::span<const std::uint8_t> bytes);
+// The trucks' patterns, whose table has one byte for each.
+std::unique_ptr<BlockSource> truckPatternSource();
 
 // All kinds: those of rooms, the areas' movements, the trucks' patterns.
 std::vector<std::unique_ptr<BlockSource>> blockSources();
