@@ -1,13 +1,12 @@
 #include "pages/unit_placement_page.h"
 
+#include "app/line_list.h"
 #include "app/room_view_scroller.h"
-#include "app/text.h"
 #include "ui_unit_placement_page.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScopedValueRollback>
 #include <QWindow>
 #include <array>
 #include <chrono>
@@ -23,28 +22,6 @@ std::array<HexEdit*, 4> numberBoxes(const Ui::UnitPlacementPage& ui)
     return {ui.screenXEdit, ui.screenYEdit, ui.pixelXEdit, ui.pixelYEdit};
 }
 
-// Changes the lines that differ, so that a list stays scrolled to where it is.
-void setLines(QStringListModel& model, const std::vector<std::string>& lines)
-{
-    const auto count = static_cast<int>(lines.size());
-    if (model.rowCount() > count)
-        model.removeRows(count, model.rowCount() - count);
-    else if (model.rowCount() < count)
-        model.insertRows(model.rowCount(), count - model.rowCount());
-    for (int i = 0; i < count; ++i) {
-        const QString line = toQString(lines[static_cast<std::size_t>(i)]);
-        if (const QModelIndex index = model.index(i); index.data().toString() != line)
-            model.setData(index, line);
-    }
-}
-
-// -1 for none.
-int selectedLine(const QListView& list)
-{
-    const QModelIndexList lines = list.selectionModel()->selectedIndexes();
-    return lines.isEmpty() ? -1 : lines.front().row();
-}
-
 } // namespace
 
 UnitPlacementPage::UnitPlacementPage(EditorState& state, UserPrompt& prompt, QWidget* parent)
@@ -58,8 +35,8 @@ UnitPlacementPage::UnitPlacementPage(EditorState& state, UserPrompt& prompt, QWi
     const RoomView::Size display = m_model.view().display();
     m_ui->unitView->setPictureSize({display.width, display.height});
     m_ui->vramSetupView->setPictureSize({kVramSetupSize, kVramSetupSize});
-    m_ui->unitList->setModel(&m_unitLines);
-    m_ui->loadList->setModel(&m_loadLines);
+    m_units = std::make_unique<LineList>(*m_ui->unitList);
+    m_loads = std::make_unique<LineList>(*m_ui->loadList);
     m_scroller = std::make_unique<RoomViewScroller>(m_model.view(), *m_ui->unitView,
                                                     *m_ui->horizontalBar, *m_ui->verticalBar);
 }
@@ -135,10 +112,8 @@ void UnitPlacementPage::connectView()
 
 void UnitPlacementPage::connectUnits()
 {
-    connect(m_ui->unitList->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        if (m_fillingList)
-            return;
-        m_model.selectUnit(selectedLine(*m_ui->unitList));
+    m_units->connectSelected([this](int line) {
+        m_model.selectUnit(line);
         showStats();
         showView();
     });
@@ -184,10 +159,8 @@ void UnitPlacementPage::connectNumber(HexEdit& box, SetNumber setNumber)
 
 void UnitPlacementPage::connectLoads()
 {
-    connect(m_ui->loadList->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        if (m_fillingList)
-            return;
-        m_model.selectLoad(selectedLine(*m_ui->loadList));
+    m_loads->connectSelected([this](int line) {
+        m_model.selectLoad(line);
         showLoadId();
     });
     connect(m_ui->loadIdCombo, &QComboBox::activated, this, [this](int id) {
@@ -261,25 +234,9 @@ void UnitPlacementPage::keyPressEvent(QKeyEvent* event)
     showView();
 }
 
-void UnitPlacementPage::fillList(QStringListModel& lines, const std::vector<std::string>& texts)
-{
-    const QScopedValueRollback filling(m_fillingList, true);
-    setLines(lines, texts);
-}
-
-void UnitPlacementPage::selectLine(QListView& list, int line)
-{
-    const QScopedValueRollback filling(m_fillingList, true);
-    const QModelIndex index = list.model()->index(line, 0);
-    if (!index.isValid())
-        list.selectionModel()->clear();
-    else if (!list.selectionModel()->isSelected(index))
-        list.setCurrentIndex(index);
-}
-
 void UnitPlacementPage::showUnits()
 {
-    fillList(m_unitLines, m_model.unitLines());
+    m_units->setLines(m_model.unitLines());
     showStats();
     showView();
 }
@@ -288,7 +245,7 @@ void UnitPlacementPage::showStats()
 {
     const std::optional<UnitRecord> unit = m_model.unit();
     const bool placed = unit && unit->isPlaced();
-    selectLine(*m_ui->unitList, m_model.selectedUnit());
+    m_units->select(m_model.selectedUnit());
     m_ui->typeCombo->setEnabled(unit.has_value());
     m_ui->typeCombo->setCurrentIndex(unit && unit->type < m_ui->typeCombo->count() ? unit->type
                                                                                    : -1);
@@ -309,7 +266,7 @@ void UnitPlacementPage::showStats()
 
 void UnitPlacementPage::showLoads()
 {
-    fillList(m_loadLines, m_model.loadLines());
+    m_loads->setLines(m_model.loadLines());
     showLoadId();
     m_model.drawVramSetup(m_ui->vramSetupView->picture());
     m_ui->vramSetupView->showPicture();
@@ -321,7 +278,7 @@ void UnitPlacementPage::showLoadId()
     const std::optional<std::uint8_t> id = m_model.loadId();
     m_ui->loadIdCombo->setEnabled(m_model.hasLoads());
     m_ui->loadIdCombo->setCurrentIndex(id ? *id : -1);
-    selectLine(*m_ui->loadList, m_model.selectedLoad());
+    m_loads->select(m_model.selectedLoad());
 }
 
 void UnitPlacementPage::showView()

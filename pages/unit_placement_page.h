@@ -4,11 +4,8 @@
 #include "pages/unit_placement_model.h"
 #include "rom/user_prompt.h"
 
-#include <QStringListModel>
 #include <QTimer>
 #include <memory>
-
-class QListView;
 
 namespace Ui {
 class UnitPlacementPage;
@@ -17,6 +14,7 @@ class UnitPlacementPage;
 namespace velko {
 
 class HexEdit;
+class LineList;
 class RoomViewScroller;
 
 // The unit placement tab: the room with its enemies, items and other units, which the user moves
@@ -58,9 +56,6 @@ private:
     void movePointer(QPoint globalPoint);
     bool belongsToAnotherControl(QPoint globalPoint) const;
 
-    void fillList(QStringListModel& lines, const std::vector<std::string>& texts);
-    // Line -1 is none.
-    void selectLine(QListView& list, int line);
     void showUnits();
     void showStats();
     void showLoads();
@@ -72,9 +67,8 @@ private:
     UnitPlacementModel m_model;
     std::unique_ptr<Ui::UnitPlacementPage> m_ui;
     std::unique_ptr<RoomViewScroller> m_scroller;
-    QStringListModel m_unitLines;
-    QStringListModel m_loadLines;
-    bool m_fillingList = false; // lines that are selected meanwhile are not the user's choice
+    std::unique_ptr<LineList> m_units;
+    std::unique_ptr<LineList> m_loads;
     QTimer m_timer{this};
     // Since the current move began. A move that starts in the list is on its way there first.
     bool m_pointerWasInView = false;
