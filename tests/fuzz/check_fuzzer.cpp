@@ -16,12 +16,18 @@ constexpr std::size_t kMostFindings = 40'000;
 
 } // namespace
 
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    sharedDemo();
+    return 0;
+}
+
 // Whatever a ROM holds, checking it ends, with findings that make sense, and changes nothing. The
 // input is one byte of flags, three bytes of offset, then the bytes: the whole file, or a piece
 // that is laid over the demo's.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static Demo demo;
+    Demo& demo = sharedDemo();
     EditorState& state = demo.state;
     Input input({data, size});
     const std::uint32_t flags = input.number(1);

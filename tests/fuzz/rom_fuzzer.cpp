@@ -42,6 +42,12 @@ void drawSprites(EditorState& state)
 
 } // namespace
 
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    sharedDemo();
+    return 0;
+}
+
 // Whatever a ROM holds, every room of it can be selected, drawn and animated: nothing outside a
 // buffer is touched, and nothing takes forever (libFuzzer and the sanitizers watch). The input is
 // one byte of flags, three bytes of offset, four of scroll position, one room, then the bytes.
@@ -49,7 +55,7 @@ void drawSprites(EditorState& state)
 // reduced, which makes for more inputs.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static Demo demo;
+    Demo& demo = sharedDemo();
     EditorState& state = demo.state;
     Input input({data, size});
     const std::uint32_t flags = input.number(1);
