@@ -77,6 +77,7 @@ void connectScrollBar(QScrollBar& bar, int lineStep, std::function<void(int)> mo
 {
     // "Scroll here" of the bar's own menu sets the value without any action.
     bar.setContextMenuPolicy(Qt::NoContextMenu);
+    bar.setSingleStep(lineStep); // by which the wheel goes: less would be lost in rounding
     const auto act = [&bar, lineStep, moved = std::move(moved)](int action) {
         // Qt's maximum is the last position of the thumb; its slider has already moved, its
         // value has not.
@@ -117,8 +118,18 @@ void scrollByKey(QKeyEvent& key, QScrollBar& horizontal, QScrollBar& vertical)
 void scrollByWheel(QWheelEvent& wheel, QScrollBar& horizontal, QScrollBar& vertical)
 {
     const QPoint turn = wheel.angleDelta();
-    const bool sideways = std::abs(turn.x()) > std::abs(turn.y());
-    QCoreApplication::sendEvent(sideways ? &horizontal : &vertical, &wheel);
+    if (std::abs(turn.x()) > std::abs(turn.y())) {
+        QCoreApplication::sendEvent(&horizontal, &wheel);
+    } else if (wheel.modifiers().testFlag(Qt::ShiftModifier) && &horizontal != &vertical) {
+        // Without the Shift key, for which a scroll bar turns whole pages.
+        QWheelEvent sideways(wheel.position(), wheel.globalPosition(),
+                             wheel.pixelDelta().transposed(), turn.transposed(), wheel.buttons(),
+                             wheel.modifiers() & ~Qt::ShiftModifier, wheel.phase(),
+                             wheel.inverted());
+        QCoreApplication::sendEvent(&horizontal, &sideways);
+    } else {
+        QCoreApplication::sendEvent(&vertical, &wheel);
+    }
 }
 
 } // namespace velko

@@ -50,7 +50,8 @@ void connectScrollBar(QScrollBar& bar, int lineStep, std::function<void(int posi
 // themselves never have the focus.
 void scrollByKey(QKeyEvent& key, QScrollBar& horizontal, QScrollBar& vertical);
 
-// The mouse wheel, turned over a picture, scrolls it by its bars.
+// The mouse wheel, turned over a picture, scrolls it by its bars; with Shift held an ordinary wheel
+// scrolls sideways.
 void scrollByWheel(QWheelEvent& wheel, QScrollBar& horizontal, QScrollBar& vertical);
 
 } // namespace velko

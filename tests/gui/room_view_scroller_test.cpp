@@ -22,10 +22,10 @@ protected:
         scroller.showBars();
     }
 
-    void turnWheel(QPoint turn)
+    void turnWheel(QPoint turn, Qt::KeyboardModifiers held = Qt::NoModifier)
     {
         QWheelEvent wheel({10, 10}, picture.mapToGlobal(QPointF(10, 10)), {}, turn, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+                          held, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&picture, &wheel);
     }
 
@@ -75,6 +75,20 @@ TEST_F(RoomViewScrollerTest, KeysAndWheelOverThePictureScroll)
     turnWheel({0, 120});
     EXPECT_LT(view.scroll().y, 320);
     EXPECT_EQ(view.scroll().x, 16);
+    const int before = view.scroll().y;
+    turnWheel({0, -120});
+    EXPECT_GT(view.scroll().y, before);
+}
+
+TEST_F(RoomViewScrollerTest, WheelWithShiftScrollsSideways)
+{
+    turnWheel({0, -120}, Qt::ShiftModifier);
+    const int step = view.scroll().x;
+    EXPECT_GT(step, 0);
+    EXPECT_LT(step, 320); // no whole page
+    EXPECT_EQ(view.scroll().y, 0);
+    turnWheel({0, 120}, Qt::ShiftModifier);
+    EXPECT_EQ(view.scroll(), (Position{0, 0}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/scroll_rule.h"
 
+#include <QApplication>
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -114,6 +115,19 @@ TEST_F(ScrollBarTest, StepsStopAtTheLimitsButAreTold)
     QTest::keyClick(&bar, Qt::Key_Down);
     QTest::keyClick(&bar, Qt::Key_PageDown);
     EXPECT_EQ(moves, (std::vector{90, 90}));
+}
+
+TEST_F(ScrollBarTest, WheelStepsByLines)
+{
+    const auto turn = [this](int degrees) {
+        QWheelEvent wheel({5, 50}, bar.mapToGlobal(QPointF(5, 50)), {}, {0, degrees}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&bar, &wheel);
+    };
+    turn(-120);
+    turn(-120);
+    turn(120);
+    EXPECT_EQ(moves, (std::vector{9, 18, 9})); // three lines
 }
 
 TEST_F(ScrollBarTest, HomeAndEndChangeNothing)
