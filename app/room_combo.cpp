@@ -23,6 +23,13 @@ public:
     }
 };
 
+// Whether a letter with these keys held is not typed. Ctrl and Alt together type, as AltGr does.
+bool isCommand(Qt::KeyboardModifiers modifiers)
+{
+    const auto held = modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return held != Qt::NoModifier && held != (Qt::ControlModifier | Qt::AltModifier);
+}
+
 } // namespace
 
 RoomCombo::RoomCombo(QWidget* parent) : QComboBox(parent)
@@ -55,6 +62,10 @@ void RoomCombo::keyPressEvent(QKeyEvent* event)
 {
     const QString text = event->text();
     const bool letter = !text.isEmpty() && text.at(0).isPrint();
+    if (letter && isCommand(event->modifiers())) {
+        event->ignore(); // a shortcut that nothing has here must not look for a name
+        return;
+    }
     const bool goesOn = m_sinceLastLetter.isValid()
         && !m_sinceLastLetter.hasExpired(QApplication::keyboardInputInterval());
     if (event->key() == Qt::Key_Space && goesOn) {

@@ -91,5 +91,22 @@ TEST_F(RoomComboTest, BlankBelongsToANameThatIsBeingTyped)
     EXPECT_EQ(combo.currentIndex(), 1);
 }
 
+TEST_F(RoomComboTest, LettersOfCommandsChooseNothing)
+{
+    combo.setFocus();
+    combo.setCurrentIndex(3);
+    for (const Qt::KeyboardModifier held :
+         {Qt::AltModifier, Qt::ControlModifier, Qt::MetaModifier}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_C, held, "c");
+        QApplication::sendEvent(&combo, &press);
+        EXPECT_FALSE(press.isAccepted());
+        EXPECT_EQ(combo.currentIndex(), 3);
+    }
+    // As AltGr is told on some systems.
+    QKeyEvent typed(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier | Qt::AltModifier, "c");
+    QApplication::sendEvent(&combo, &typed);
+    EXPECT_EQ(combo.currentIndex(), 0);
+}
+
 } // namespace
 } // namespace velko
