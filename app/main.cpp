@@ -6,6 +6,7 @@
 #include "app/init_instance.h"
 #include "app/message_boxes.h"
 #include "app/text.h"
+#include "app/tool_tips.h"
 #include "app/trace_output.h"
 #include "rom/file_io.h"
 
@@ -76,6 +77,8 @@ int main(int argc, char** argv)
     QGuiApplication::setDesktopFileName("velko");
     QApplication::setWindowIcon(pixelIcon(":/icons/velko.xpm"));
     QApplication::setKeyboardInputInterval(kTypingPauseMs);
+    ToolTips toolTips;
+    application.installEventFilter(&toolTips);
     // The toolkit has taken its own options away.
     const CommandLine line = parseCommandLine(QCoreApplication::arguments().mid(1));
     if (answered(line))

@@ -1,5 +1,6 @@
 #include "pages/map_allocation_page.h"
 
+#include "app/focus_frame.h"
 #include "app/scroll_rule.h"
 #include "app/text.h"
 #include "ui_map_allocation_page.h"
@@ -14,6 +15,7 @@ MapAllocationPage::MapAllocationPage(EditorState& state, UserPrompt& prompt, QWi
 {
     m_ui->setupUi(this);
     m_ui->screenList->setModel(&m_lines);
+    new FocusFrame(*m_ui->screenList);
     m_ui->screenView->setPictureSize({256, 240});
     // Room for an address, however it is typed.
     for (HexEdit* box : {m_ui->addressEdit, m_ui->indexEdit})

@@ -1,5 +1,6 @@
 #include "pages/map_editing_page.h"
 
+#include "app/focus_frame.h"
 #include "app/picture_view.h"
 #include "app/text.h"
 #include "app/ui_common.h"
@@ -54,6 +55,7 @@ MapEditingPage::MapEditingPage(EditorState& state, UserPrompt& prompt, QWidget* 
     m_ui->tileSelector->setPictureSize(toQSize(kTileSelector.display));
     m_ui->paletteSelector->setPictureSize(toQSize(kPaletteSelector.display));
     m_ui->physicsSelector->setPictureSize(toQSize(kPhysicsSelector.display));
+    new FocusFrame(*m_ui->sharedRoomsList);
     fitTexts();
 }
 

@@ -1,5 +1,6 @@
 #include "pages/map_layout_page.h"
 
+#include "app/focus_frame.h"
 #include "app/scroll_rule.h"
 #include "app/text.h"
 #include "app/ui_common.h"
@@ -40,6 +41,7 @@ MapLayoutPage::MapLayoutPage(EditorState& state, UserPrompt& prompt, QWidget* pa
 {
     m_ui->setupUi(this);
     m_ui->screenList->setModel(&m_lines);
+    new FocusFrame(*m_ui->screenList);
     m_ui->screenView->setPictureSize({kScreenWidth, kScreenHeight});
 }
 

@@ -1,5 +1,6 @@
 #include "pages/unit_placement_page.h"
 
+#include "app/focus_frame.h"
 #include "app/line_list.h"
 #include "app/room_view_scroller.h"
 #include "ui_unit_placement_page.h"
@@ -37,6 +38,8 @@ UnitPlacementPage::UnitPlacementPage(EditorState& state, UserPrompt& prompt, QWi
     m_ui->vramSetupView->setPictureSize({kVramSetupSize, kVramSetupSize});
     m_units = std::make_unique<LineList>(*m_ui->unitList);
     m_loads = std::make_unique<LineList>(*m_ui->loadList);
+    new FocusFrame(*m_ui->unitList);
+    new FocusFrame(*m_ui->loadList);
     m_scroller = std::make_unique<RoomViewScroller>(m_model.view(), *m_ui->unitView,
                                                     *m_ui->horizontalBar, *m_ui->verticalBar);
 }
