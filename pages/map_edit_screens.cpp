@@ -68,7 +68,6 @@ void MapEditScreens::decode(const EditorState& state)
     Decoder decoder(state, m_screens);
     decoder.decodeList(lists.pointerOf(), &m_tsa,
                        [this](std::uint32_t screen) { m_list.push_back(screen); });
-    m_ownCount = static_cast<std::uint32_t>(m_screens.size());
 
     for (std::uint32_t room = 0; room < state.config.roomCount(); ++room) {
         if (room == sets.currentRoom() || sets.pointerOf(room) != sets.pointerOf()

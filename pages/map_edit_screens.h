@@ -47,11 +47,6 @@ public:
 
     // The other rooms with the same Tile32 set that have a screen list of their own.
     std::span<const std::uint32_t> sharedRooms() const { return m_sharedRooms; }
-    // The screens that only those rooms have.
-    std::uint32_t sharedScreenCount() const
-    {
-        return static_cast<std::uint32_t>(m_screens.size()) - m_ownCount;
-    }
 
     // Every screen once, in the order of packing: first the room's own in the order of its list,
     // then the shared ones in the order of the rooms and their lists.
@@ -61,7 +56,6 @@ private:
     class Decoder;
 
     std::vector<MapEditScreen> m_screens;
-    std::uint32_t m_ownCount = 0;      // of m_screens
     std::vector<std::uint32_t> m_list; // by position: index into m_screens
     std::vector<std::uint32_t> m_sharedRooms;
     TsaTable m_tsa{};
