@@ -1,5 +1,7 @@
 #include "app/picture_view.h"
 
+#include "app/ui_common.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -55,6 +57,17 @@ void PictureView::clearPicture()
 {
     m_picture.allocate(0, 0);
     showPicture();
+}
+
+void PictureView::connectArrowKeys(const std::function<void(QPoint direction)>& act)
+{
+    connect(this, &PictureView::keyPressed, this, [act](QKeyEvent* key) {
+        const QPoint direction = arrowDirection(*key);
+        if (direction.isNull())
+            return;
+        key->accept();
+        act(direction);
+    });
 }
 
 QSize PictureView::sizeHint() const

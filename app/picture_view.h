@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <functional>
 
 namespace velko {
 
@@ -34,6 +35,10 @@ public:
     QPoint toPicture(QPointF widgetPoint) const;
     // Whether a point lies in the space kept for the picture.
     bool containsPicturePoint(QPoint point) const;
+
+    // From now on the arrow keys, pressed on the picture, are accepted and call `act` with the way
+    // they point, in columns and rows.
+    void connectArrowKeys(const std::function<void(QPoint direction)>& act);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -47,6 +47,12 @@ void setScrollRange(QScrollBar& bar, int maximum, int pageSize)
     bar.setRange(0, std::max(0, maximum - pageSize + 1));
 }
 
+void showScroll(QScrollBar& bar, const ViewScroll& scroll)
+{
+    setScrollRange(bar, scroll.range - 1, scroll.page);
+    bar.setValue(scroll.position);
+}
+
 namespace {
 
 ScrollCode codeOf(int action)

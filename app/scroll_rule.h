@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gfx/view_scroll.h"
+
 #include <functional>
 
 class QKeyEvent;
@@ -41,6 +43,9 @@ int stepScroll(ScrollCode code, int carried, const ScrollState& bar, int lineSte
 
 // Gives the bar positions 0 to `maximum` - `pageSize` + 1 and a thumb of `pageSize`.
 void setScrollRange(QScrollBar& bar, int maximum, int pageSize);
+
+// Puts a view's scroll on its bar.
+void showScroll(QScrollBar& bar, const ViewScroll& scroll);
 
 // From now on every user action on the bar goes through stepScroll: the bar takes the position
 // and `moved` is told it, or the bar stays where it is. Positions set by the program are not told.

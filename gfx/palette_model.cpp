@@ -11,12 +11,10 @@ constexpr int roundedDown(int pixels)
     return pixels - pixels % PaletteModel::kPreviewStep;
 }
 
-PreviewScroll previewScroll(std::uint32_t roomExtent, int viewExtent, int wantedPosition)
+ViewScroll previewScroll(std::uint32_t roomExtent, int viewExtent, int wanted)
 {
-    PreviewScroll scroll;
-    scroll.range = static_cast<int>(roomExtent);
-    scroll.page = std::min(viewExtent, scroll.range);
-    scroll.position = roundedDown(std::min(wantedPosition, scroll.range - scroll.page));
+    ViewScroll scroll = ViewScroll::along(static_cast<int>(roomExtent), viewExtent, wanted);
+    scroll.position = roundedDown(scroll.position);
     return scroll;
 }
 
@@ -135,19 +133,19 @@ void PaletteModel::setPreviewSize(int width, int height)
 
 void PaletteModel::scrollPreviewTo(int x, int y)
 {
-    m_scrollX = std::max(x, 0);
-    m_scrollY = std::max(y, 0);
+    m_scrollX = x;
+    m_scrollY = y;
     m_scrollX = horizontalScroll().position;
     m_scrollY = verticalScroll().position;
 }
 
-PreviewScroll PaletteModel::horizontalScroll() const
+ViewScroll PaletteModel::horizontalScroll() const
 {
     return previewScroll(m_state.renderer.roomSize(m_state.currentRoom()).width(), m_previewWidth,
                          m_scrollX);
 }
 
-PreviewScroll PaletteModel::verticalScroll() const
+ViewScroll PaletteModel::verticalScroll() const
 {
     return previewScroll(m_state.renderer.roomSize(m_state.currentRoom()).height(), m_previewHeight,
                          m_scrollY);

@@ -1,19 +1,13 @@
 #pragma once
 
 #include "gfx/pixel_image.h"
+#include "gfx/view_scroll.h"
 #include "state/editor_state.h"
 
 #include <cstdint>
 #include <optional>
 
 namespace velko {
-
-// How far the room preview is scrolled along one direction, in pixels of the room.
-struct PreviewScroll {
-    int range = 0;    // the room's extent
-    int page = 0;     // how much of it the view shows at once: never more than `range`
-    int position = 0; // the first visible pixel, a multiple of kPreviewStep
-};
 
 // The room's 32 palette bytes, the one that is being changed, and the pictures that show them.
 // Entries 0-15 are the four background sets, 16-31 the four sprite sets, four bytes each. A byte
@@ -84,8 +78,8 @@ public:
     void setPreviewSize(int width, int height);
     // Scrolls, rounding down to whole steps and stopping at the room's edges.
     void scrollPreviewTo(int x, int y);
-    PreviewScroll horizontalScroll() const;
-    PreviewScroll verticalScroll() const;
+    ViewScroll horizontalScroll() const;
+    ViewScroll verticalScroll() const;
 
 private:
     EditorState& m_state;

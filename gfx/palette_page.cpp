@@ -50,17 +50,6 @@ void PalettePage::connectDrag(PictureView& view, const std::function<void(QPoint
     });
 }
 
-void PalettePage::connectArrowKeys(PictureView& view, const std::function<void(QPoint)>& act)
-{
-    connect(&view, &PictureView::keyPressed, this, [act](QKeyEvent* key) {
-        const QPoint direction = arrowDirection(*key);
-        if (direction.isNull())
-            return;
-        key->accept();
-        act(direction);
-    });
-}
-
 void PalettePage::connectEntries()
 {
     connectDrag(*m_ui->entriesView, [this](QPoint point) {
@@ -69,7 +58,7 @@ void PalettePage::connectEntries()
             showEntry();
         }
     });
-    connectArrowKeys(*m_ui->entriesView, [this](QPoint direction) {
+    m_ui->entriesView->connectArrowKeys([this](QPoint direction) {
         m_model.moveSelection(direction.x(), direction.y());
         showEntry();
     });
@@ -83,7 +72,7 @@ void PalettePage::connectColours()
             showChange();
         }
     });
-    connectArrowKeys(*m_ui->colourGridView, [this](QPoint direction) {
+    m_ui->colourGridView->connectArrowKeys([this](QPoint direction) {
         m_model.moveColour(direction.x(), direction.y());
         showChange();
     });
@@ -186,12 +175,8 @@ void PalettePage::fitPreview()
 
 void PalettePage::fitScrollBars()
 {
-    const auto fit = [](QScrollBar& bar, const PreviewScroll& scroll) {
-        setScrollRange(bar, scroll.range - 1, scroll.page);
-        bar.setValue(scroll.position);
-    };
-    fit(*m_ui->roomHorizontalBar, m_model.horizontalScroll());
-    fit(*m_ui->roomVerticalBar, m_model.verticalScroll());
+    showScroll(*m_ui->roomHorizontalBar, m_model.horizontalScroll());
+    showScroll(*m_ui->roomVerticalBar, m_model.verticalScroll());
 }
 
 bool PalettePage::eventFilter(QObject* watched, QEvent* event)

@@ -6,8 +6,6 @@
 #include <functional>
 #include <memory>
 
-class QKeyEvent;
-
 namespace Ui {
 class PalettePage;
 }
@@ -34,7 +32,6 @@ protected:
 
 private:
     void connectDrag(PictureView& view, const std::function<void(QPoint)>& act);
-    void connectArrowKeys(PictureView& view, const std::function<void(QPoint)>& act);
     void connectEntries();
     void connectColours();
     void connectPreview();

@@ -58,11 +58,7 @@ void TileAllocationPage::connectGrid(PictureView& view, void (TileAllocationMode
                 (m_model.*select)(*cell);
                 showSelection();
             });
-    connect(&view, &PictureView::keyPressed, this, [this, moveBy](QKeyEvent* key) {
-        const QPoint direction = arrowDirection(*key);
-        if (direction.isNull())
-            return;
-        key->accept();
+    view.connectArrowKeys([this, moveBy](QPoint direction) {
         (m_model.*moveBy)(direction.x(), direction.y());
         showSelection();
     });

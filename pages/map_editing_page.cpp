@@ -3,11 +3,9 @@
 #include "app/focus_frame.h"
 #include "app/picture_view.h"
 #include "app/text.h"
-#include "app/ui_common.h"
 #include "pages/map_edit_pictures.h"
 #include "ui_map_editing_page.h"
 
-#include <QKeyEvent>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -127,11 +125,7 @@ void MapEditingPage::connectSelector(PictureView& view, const SelectorGrid& grid
         showSelectors();
     };
     connectDrag(view, Qt::LeftButton, act);
-    connect(&view, &PictureView::keyPressed, this, [grid, selected, act](QKeyEvent* key) {
-        const QPoint direction = arrowDirection(*key);
-        if (direction.isNull())
-            return;
-        key->accept();
+    view.connectArrowKeys([grid, selected, act](QPoint direction) {
         const Point beside = cellBeside(grid, selected(), direction);
         if (grid.cellAt(beside) != selected())
             act(beside);

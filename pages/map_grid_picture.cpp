@@ -21,18 +21,9 @@ constexpr std::uint32_t kLightTint = 0xC0C0C0;
 constexpr int kPitchStepWidth = 16;
 constexpr int kPitchStepHeight = 15;
 
-MapGridPicture::Scroll scrollAlong(std::uint32_t cells, int pitch, int view, int wanted)
-{
-    MapGridPicture::Scroll scroll;
-    scroll.range = static_cast<int>(cells) * pitch;
-    scroll.page = std::min(view, scroll.range);
-    scroll.position = std::clamp(wanted, 0, scroll.range - scroll.page);
-    return scroll;
-}
-
 // The position nearest to the present one that shows the pixels from `start` on; where they are
 // more than a page, the first of them.
-int positionShowing(const MapGridPicture::Scroll& scroll, int start, int extent)
+int positionShowing(const ViewScroll& scroll, int start, int extent)
 {
     return std::min(std::max(scroll.position, start + extent - scroll.page), start);
 }
@@ -73,14 +64,16 @@ MapGridPicture::Pitch MapGridPicture::pitch() const
     return {steps * kPitchStepWidth, steps * kPitchStepHeight};
 }
 
-MapGridPicture::Scroll MapGridPicture::horizontalScroll() const
+ViewScroll MapGridPicture::horizontalScroll() const
 {
-    return scrollAlong(m_model.columns(), pitch().width, m_viewWidth, m_scrollX);
+    return ViewScroll::along(static_cast<int>(m_model.columns()) * pitch().width, m_viewWidth,
+                             m_scrollX);
 }
 
-MapGridPicture::Scroll MapGridPicture::verticalScroll() const
+ViewScroll MapGridPicture::verticalScroll() const
 {
-    return scrollAlong(m_model.rows(), pitch().height, m_viewHeight, m_scrollY);
+    return ViewScroll::along(static_cast<int>(m_model.rows()) * pitch().height, m_viewHeight,
+                             m_scrollY);
 }
 
 void MapGridPicture::scrollTo(int x, int y)
@@ -102,8 +95,8 @@ void MapGridPicture::scrollToSelectedCell()
 
 void MapGridPicture::draw(PixelImage& image)
 {
-    const Scroll horizontal = horizontalScroll();
-    const Scroll vertical = verticalScroll();
+    const ViewScroll horizontal = horizontalScroll();
+    const ViewScroll vertical = verticalScroll();
     image.allocate(static_cast<std::uint32_t>(vertical.page),
                    static_cast<std::uint32_t>(horizontal.page));
     if (image.empty())
@@ -118,8 +111,8 @@ void MapGridPicture::draw(PixelImage& image)
 
 void MapGridPicture::drawCells(PixelImage& image)
 {
-    const Scroll horizontal = horizontalScroll();
-    const Scroll vertical = verticalScroll();
+    const ViewScroll horizontal = horizontalScroll();
+    const ViewScroll vertical = verticalScroll();
     const Pitch size = pitch();
     if (size != m_cellPitch)
         m_cells.clear();

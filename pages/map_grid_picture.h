@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gfx/pixel_image.h"
+#include "gfx/view_scroll.h"
 #include "pages/map_layout_model.h"
 #include "state/editor_state.h"
 
@@ -28,13 +29,6 @@ public:
     static constexpr Pitch kSmallestPitch{48, 45};
     static constexpr Pitch kLargestPitch{128, 120};
 
-    // How far the map is scrolled along one direction, in pixels of the whole grid.
-    struct Scroll {
-        int range = 0;    // the grid's extent
-        int page = 0;     // how much of it shows: never more than `range`
-        int position = 0; // the first pixel that shows
-    };
-
     MapGridPicture(const EditorState& state, const MapLayoutModel& model);
 
     // The pixels that the window keeps for the grid. Negative sizes count as 0.
@@ -44,8 +38,8 @@ public:
 
     // The largest pitch that shows the whole map, else the smallest.
     Pitch pitch() const;
-    Scroll horizontalScroll() const;
-    Scroll verticalScroll() const;
+    ViewScroll horizontalScroll() const;
+    ViewScroll verticalScroll() const;
     // Stops at the map's edges. A map that became smaller shows as near to it as it can.
     void scrollTo(int x, int y);
     // Scrolls as little as shows the whole selected cell, if the view is that large.

@@ -8,7 +8,6 @@
 #include "pages/screen_list.h"
 #include "ui_map_layout_page.h"
 
-#include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -22,11 +21,6 @@ constexpr int kGridStep = 16; // pixels
 std::uint32_t stepped(std::uint32_t index, int step)
 {
     return static_cast<std::uint32_t>(std::max(static_cast<int>(index) + step, 0));
-}
-
-bool isLarger(const MapGridPicture::Scroll& scroll)
-{
-    return scroll.range > scroll.page;
 }
 
 } // namespace
@@ -97,13 +91,7 @@ void MapLayoutPage::connectGrid()
         if (buttons.testFlag(Qt::LeftButton))
             selectCellAt(point);
     });
-    connect(&view, &PictureView::keyPressed, this, [this](QKeyEvent* key) {
-        const QPoint direction = arrowDirection(*key);
-        if (direction.isNull())
-            return;
-        key->accept();
-        moveSelection(direction);
-    });
+    view.connectArrowKeys([this](QPoint direction) { moveSelection(direction); });
     connectScrollBar(*m_ui->gridHorizontalBar, kGridStep, [this](int position) {
         m_grid.scrollTo(position, m_grid.verticalScroll().position);
         showGrid();
@@ -242,7 +230,7 @@ void MapLayoutPage::fitGrid()
     const QSize bars(vertical.sizeHint().width(), horizontal.sizeHint().height());
     QSize space = m_ui->gridArea->size() - QSize(2 * PictureView::kFrame, 2 * PictureView::kFrame);
     m_grid.setViewSize(space.width(), space.height());
-    if (isLarger(m_grid.horizontalScroll()) || isLarger(m_grid.verticalScroll())) {
+    if (m_grid.horizontalScroll().isPartial() || m_grid.verticalScroll().isPartial()) {
         space -= bars;
         m_grid.setViewSize(space.width(), space.height());
     }
@@ -253,10 +241,9 @@ void MapLayoutPage::fitGrid()
     view.setGeometry(QRect(QPoint(0, 0), m_model.hasMap() ? view.sizeHint() : QSize(0, 0)));
     horizontal.setGeometry(0, view.height(), view.width(), bars.height());
     vertical.setGeometry(view.width(), 0, bars.width(), view.height());
-    const auto fit = [](QScrollBar& bar, const MapGridPicture::Scroll& scroll) {
-        setScrollRange(bar, scroll.range - 1, scroll.page);
-        bar.setValue(scroll.position);
-        bar.setVisible(isLarger(scroll));
+    const auto fit = [](QScrollBar& bar, const ViewScroll& scroll) {
+        showScroll(bar, scroll);
+        bar.setVisible(scroll.isPartial());
     };
     fit(horizontal, m_grid.horizontalScroll());
     fit(vertical, m_grid.verticalScroll());

@@ -18,7 +18,6 @@ namespace {
 constexpr int kLargestNibble = 15;
 constexpr int kFirstDirectionId = 1199; // and the seven that follow
 constexpr int kMostTicks = 32;
-constexpr int kLastTile = 255;
 constexpr QPoint kPictureCorner(PictureView::kFrame, PictureView::kFrame); // in its view
 
 void showNumber(QSlider& slider, int last, int number)
@@ -33,15 +32,6 @@ void showNumber(QSlider& slider, int last, int number)
 std::uint32_t asNumber(int value)
 {
     return static_cast<std::uint32_t>(value);
-}
-
-// The thing beside number `number` of a picker; itself where there is none.
-int beside(int number, int last, QPoint direction)
-{
-    const int columns = PickerGrid(asNumber(last + 1)).columns();
-    const int target = number + direction.x() + direction.y() * columns;
-    const bool sameRow = target / columns == number / columns;
-    return target < 0 || target > last || (direction.x() != 0 && !sameRow) ? number : target;
 }
 
 } // namespace
@@ -125,32 +115,26 @@ void MainMapEditorDialog::connectMap()
 
 void MainMapEditorDialog::connectPickers()
 {
-    const auto connectPicker = [this](PictureView& view, bool (OverworldModel::*pickAt)(int, int),
-                                      auto move) {
-        connect(&view, &PictureView::mousePressed, this,
-                [this, pickAt](QPoint point, Qt::MouseButton button) {
-                    if (button == Qt::LeftButton && (m_model.*pickAt)(point.x(), point.y()))
-                        showAll();
-                });
-        // What was picked can be carried onto the map.
-        connect(&view, &PictureView::mouseMoved, this,
-                [this, &view](QPoint point, Qt::MouseButtons buttons) {
-                    dragInWindow(view.mapTo(this, point + kPictureCorner), buttons);
-                });
-        connect(&view, &PictureView::keyPressed, this, [this, move](QKeyEvent* key) {
-            const QPoint direction = arrowDirection(*key);
-            if (direction.isNull())
-                return;
-            key->accept();
-            move(direction);
-            showAll();
-        });
-    };
-    connectPicker(*m_ui->tilePicker, &OverworldModel::pickTileAt, [this](QPoint direction) {
-        m_model.selectTile(beside(m_model.tile(), kLastTile, direction));
-    });
-    connectPicker(*m_ui->presetPicker, &OverworldModel::pickPresetAt, [this](QPoint direction) {
-        m_model.selectPreset(beside(m_model.preset(), m_model.lastPreset(), direction));
+    connectPicker(*m_ui->tilePicker, &OverworldModel::pickTileAt, &OverworldModel::moveTile);
+    connectPicker(*m_ui->presetPicker, &OverworldModel::pickPresetAt, &OverworldModel::movePreset);
+}
+
+void MainMapEditorDialog::connectPicker(PictureView& view, bool (OverworldModel::*pickAt)(int, int),
+                                        void (OverworldModel::*moveBy)(int, int))
+{
+    connect(&view, &PictureView::mousePressed, this,
+            [this, pickAt](QPoint point, Qt::MouseButton button) {
+                if (button == Qt::LeftButton && (m_model.*pickAt)(point.x(), point.y()))
+                    showAll();
+            });
+    // What was picked can be carried onto the map.
+    connect(&view, &PictureView::mouseMoved, this,
+            [this, &view](QPoint point, Qt::MouseButtons buttons) {
+                dragInWindow(view.mapTo(this, point + kPictureCorner), buttons);
+            });
+    view.connectArrowKeys([this, moveBy](QPoint direction) {
+        (m_model.*moveBy)(direction.x(), direction.y());
+        showAll();
     });
 }
 

@@ -38,6 +38,9 @@ private:
     void connectModes();
     void connectMap();
     void connectPickers();
+    // Picks with the left button, and with the arrow keys.
+    void connectPicker(PictureView& view, bool (OverworldModel::*pickAt)(int px, int py),
+                       void (OverworldModel::*moveBy)(int columns, int rows));
     void connectAreaControls();
     void connectTruckControls();
     // Each control sets a number of the model.

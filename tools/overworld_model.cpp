@@ -219,6 +219,16 @@ void OverworldModel::selectPreset(int preset)
     setMode(OverworldMode::kPreset);
 }
 
+void OverworldModel::moveTile(int columns, int rows)
+{
+    selectTile(tileGrid().beside(m_tile, columns, rows));
+}
+
+void OverworldModel::movePreset(int columns, int rows)
+{
+    selectPreset(presetGrid(m_map).beside(m_preset, columns, rows));
+}
+
 bool OverworldModel::pickTileAt(int px, int py)
 {
     const std::optional<int> tile = tileGrid().at(px, py);

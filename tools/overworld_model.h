@@ -119,6 +119,9 @@ public:
     int preset() const { return m_preset; }
     int lastPreset() const;
     void selectPreset(int preset);
+    // Choose the one so many columns and rows away in the picker, or the same where there is none.
+    void moveTile(int columns, int rows);
+    void movePreset(int columns, int rows);
     // Clicks in the pickers. Return false, changing nothing, where nothing lies.
     bool pickTileAt(int px, int py);
     bool pickPresetAt(int px, int py);

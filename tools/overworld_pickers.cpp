@@ -55,6 +55,15 @@ std::optional<int> PickerGrid::at(int px, int py) const
     return thing < m_count ? std::optional(thing) : std::nullopt;
 }
 
+int PickerGrid::beside(int thing, int columns, int rows) const
+{
+    const int column = thing % this->columns() + columns;
+    const int row = thing / this->columns() + rows;
+    const int target = row * this->columns() + column;
+    const bool isThere = column >= 0 && column < this->columns() && row >= 0 && target < m_count;
+    return isThere ? target : thing;
+}
+
 PickerGrid tileGrid()
 {
     return PickerGrid(kTiles);

@@ -20,6 +20,8 @@ public:
     int cellSize() const { return kSize / columns(); }
     // The thing at a point of the picture; nothing outside of it and in the cells left over.
     std::optional<int> at(int px, int py) const;
+    // The thing so many columns and rows away; `thing` itself where there is none.
+    int beside(int thing, int columns, int rows) const;
 
 private:
     int m_count;

@@ -206,7 +206,7 @@ TEST_F(PaletteModelTest, ScrolledPreviewStartsAtItsPosition)
     EXPECT_EQ(preview().at(16, 0), colour(0x3E));
 }
 
-TEST_F(PaletteModelTest, PreviewScrollsDownToTheScreenBelow)
+TEST_F(PaletteModelTest, ViewScrollsDownToTheScreenBelow)
 {
     state.graphics.selectRoom(PaletteRom::kFourByThree);
     model.setPreviewSize(64, 64);
@@ -286,8 +286,8 @@ RC_GTEST_PROP(PaletteModelPreviewExtent, LetsTheLastPixelBeReached, ())
     model.setPreviewSize(PaletteModel::previewExtent(*rc::gen::inRange(0, 2000)),
                          PaletteModel::previewExtent(*rc::gen::inRange(0, 2000)));
     model.scrollPreviewTo(1 << 20, 1 << 20);
-    const PreviewScroll x = model.horizontalScroll();
-    const PreviewScroll y = model.verticalScroll();
+    const ViewScroll x = model.horizontalScroll();
+    const ViewScroll y = model.verticalScroll();
     RC_ASSERT(x.position + x.page == 1024);
     RC_ASSERT(y.position + y.page == 720);
 }

@@ -63,6 +63,21 @@ TEST(PickerGridTest, NothingLiesOutsideAndInCellsLeftOver)
     EXPECT_EQ(PickerGrid(10).at(64, 32), std::nullopt);
 }
 
+TEST(PickerGridTest, StepsStayAmongTheThings)
+{
+    EXPECT_EQ(tileGrid().beside(16, 1, 0), 17);
+    EXPECT_EQ(tileGrid().beside(16, 0, 1), 32);
+    EXPECT_EQ(tileGrid().beside(17, -1, -1), 0);
+    // Neither into the next row nor past the picture.
+    EXPECT_EQ(tileGrid().beside(15, 1, 0), 15);
+    EXPECT_EQ(tileGrid().beside(16, -1, 0), 16);
+    EXPECT_EQ(tileGrid().beside(5, 0, -1), 5);
+    EXPECT_EQ(tileGrid().beside(250, 0, 1), 250);
+    EXPECT_EQ(PickerGrid(10).beside(1, 0, 1), 9);
+    EXPECT_EQ(PickerGrid(10).beside(2, 0, 1), 2);
+    EXPECT_EQ(PickerGrid(10).beside(9, 1, 0), 9);
+}
+
 TEST_F(OverworldPickersTest, TilesHaveThePaletteInWhichTheMapFirstShowsThem)
 {
     map.setTile({4, 4}, 0x21);
