@@ -63,12 +63,7 @@ protected:
     QString areaText() const { return control<QLineEdit>(kArea).text(); }
     bool parachute() const { return control<QCheckBox>(kParachute).isChecked(); }
 
-    // At the check mark; the text is part of the control too.
-    void clickParachute() const
-    {
-        auto& check = control<QCheckBox>(kParachute);
-        QTest::mouseClick(&check, Qt::LeftButton, {}, QPoint(8, check.height() / 2));
-    }
+    void clickParachute() const { test::clickMark(control<QCheckBox>(kParachute)); }
     void chooseItem(int item) const
     {
         items().showPopup();

@@ -3,6 +3,7 @@
 #include "app/arrow_spin.h"
 #include "app/main_dialog.h"
 #include "app/ui_common.h"
+#include "tests/gui/page_support.h"
 #include "tests/support/scripted_prompt.h"
 #include "tests/support/test_rom.h"
 
@@ -99,10 +100,7 @@ protected:
 
     template <typename Control> Control& control(const char* name) const
     {
-        auto* found = dialog->findChild<Control*>(name);
-        if (found == nullptr)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *found;
+        return controlOf<Control>(*dialog, name);
     }
     QComboBox& combo() const { return control<QComboBox>("roomCombo"); }
     ArrowSpin& spin() const { return control<ArrowSpin>("roomSpin"); }

@@ -1,164 +1,13 @@
-#include "pages/map_layout_page.h"
-
 #include "app/main_dialog.h"
-#include "app/picture_view.h"
 #include "app/ui_common.h"
-#include "tests/pages/map_layout_rom.h"
-#include "tests/support/scripted_prompt.h"
+#include "tests/gui/map_layout_fixture.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QScrollBar>
 #include <QTabBar>
-#include <QTest>
-#include <QWheelEvent>
-#include <gtest/gtest.h>
-#include <memory>
-#include <stdexcept>
 
-namespace velko {
+namespace velko::test::map_layout {
 namespace {
-
-using test::Bytes;
-using test::ColouredMapTest;
-using test::ScriptedPrompt;
-using test::TestRom;
-
-constexpr std::uint8_t kInside = 0x6E;
-constexpr std::uint8_t kPartner = 0x48;
-
-const std::string kNoMap =
-    "This Room has no Map Layout data. (Height and Width are both 0). If you want to use this Room "
-    "Id, please go to Data Management and use the \"Allocate unique data\" function under the "
-    "\"Map layout\" category.";
-const std::string kPartnerQuestion =
-    "This Room Id points to the same data as \"Id 48: Area 2 Indoor\", but has different Height "
-    "and Width, so changing those here will corrupt that Room's layout data. Do you want to fix "
-    "the Room size to be synchronized with Id 48? (Once you do, this message won't appear "
-    "anymore).";
-
-// The template's numbers of the controls.
-enum Control {
-    kHeightGrow = 1089,
-    kHeightShrink = 1090,
-    kWidthGrow = 1032,
-    kWidthShrink = 1091,
-    kMoveUp = 1136,
-    kMoveDown = 1033,
-    kMoveLeft = 1071,
-    kMoveRight = 1137,
-};
-constexpr int kChangingButtons[] = {kHeightGrow, kHeightShrink, kWidthGrow, kWidthShrink,
-                                    kMoveUp,     kMoveDown,     kMoveLeft,  kMoveRight};
-
-// A page of 900 x 640 on room 0, which shows its six cells in the largest size, 128 x 120. Rooms 2
-// and 0x1A are of one map and size with it, room 3 has its map in another size.
-class MapLayoutPageTest : public ColouredMapTest {
-protected:
-    MapLayoutPageTest() : ColouredMapTest(0x70)
-    {
-        for (const std::uint32_t room : {0x02U, 0x03U, 0x1AU})
-            game.shareAll(room, 0);
-        game.setStoredSize(3, 5, 1);
-        start();
-        state.config.setValue(MiscField::rooms, 0x70);
-        page = std::make_unique<MapLayoutPage>(state, prompt);
-        page->setup();
-        page->refresh();
-        page->resize(900, 640);
-        page->show();
-        page->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
-    }
-
-    template <typename Widget = QWidget> Widget& control(int id) const
-    {
-        for (Widget* widget : page->findChildren<Widget*>()) {
-            if (widget->property(kControlId).toInt() == id)
-                return *widget;
-        }
-        throw std::runtime_error("no control " + std::to_string(id));
-    }
-    PictureView& grid() const { return control<PictureView>(1084); }
-    PictureView& preview() const { return control<PictureView>(1085); }
-    QListView& list() const { return control<QListView>(1086); }
-    QScrollBar& bar(const char* name) const { return *page->findChild<QScrollBar*>(name); }
-    QString heightText() const { return control<QLabel>(1087).text(); }
-    QString widthText() const { return control<QLabel>(1088).text(); }
-    QString roomsText() const { return control<QLineEdit>(1209).text(); }
-
-    void press(int button) const
-    {
-        QTest::mouseClick(&control<QAbstractButton>(button), Qt::LeftButton);
-    }
-    static QPoint inWidget(int x, int y)
-    {
-        return {x + PictureView::kFrame, y + PictureView::kFrame};
-    }
-    void clickCell(int row, int column) const
-    {
-        QTest::mouseClick(&grid(), Qt::LeftButton, {}, inWidget(column * 128 + 64, row * 120 + 60));
-    }
-    void moveHolding(int x, int y, Qt::MouseButton button) const
-    {
-        const QPoint point = inWidget(x, y);
-        QMouseEvent move(QEvent::MouseMove, point, grid().mapToGlobal(QPointF(point)), Qt::NoButton,
-                         button, {});
-        QApplication::sendEvent(&grid(), &move);
-    }
-    void chooseLine(int line) const
-    {
-        const QModelIndex index = list().model()->index(line, 0);
-        list().scrollTo(index);
-        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(index).center());
-    }
-    // The line that is selected; -1 for none.
-    int chosenLine() const
-    {
-        const QModelIndexList lines = list().selectionModel()->selectedIndexes();
-        return lines.isEmpty() ? -1 : lines.front().row();
-    }
-    void changeRoom(std::uint8_t room)
-    {
-        state.graphics.selectRoom(room);
-        page->refresh();
-    }
-    // Away from the cell's number.
-    Pixel cellPixel(std::uint32_t row, std::uint32_t column) const
-    {
-        return grid().picture().at(column * 128 + 110, row * 120 + 100);
-    }
-    bool cellIsFramed(std::uint32_t row, std::uint32_t column) const
-    {
-        const PixelImage& picture = grid().picture();
-        return picture.at(column * 128, row * 120) == 0x000000
-            && picture.at(column * 128 + 1, row * 120 + 1) == 0xFFFFFF
-            && picture.at(column * 128 + 127, row * 120 + 119) == 0x000000;
-    }
-    void expectSelected(std::uint32_t row, std::uint32_t column, int screen, Pixel colour) const
-    {
-        EXPECT_TRUE(cellIsFramed(row, column));
-        EXPECT_EQ(chosenLine(), screen);
-        EXPECT_EQ(preview().picture(), PixelImage(256, 240, colour));
-    }
-    bool changingButtonsAre(bool enabled) const
-    {
-        for (const int button : kChangingButtons) {
-            if (control(button).isEnabled() != enabled)
-                return false;
-        }
-        return true;
-    }
-
-    const Bytes kRows = {0xEE, 0, 1, 2, 0xEE, 0xEE, 3, 4, 5, 0xEE};
-    ScriptedPrompt prompt;
-    std::unique_ptr<MapLayoutPage> page;
-};
 
 // What is shown
 
@@ -262,7 +111,7 @@ TEST_F(MapLayoutPageTest, InvalidCellSelectsNoLine)
 
 TEST_F(MapLayoutPageTest, DragSelectsTheCellsItPasses)
 {
-    QTest::mousePress(&grid(), Qt::LeftButton, {}, inWidget(10, 10));
+    pressPicture(grid(), {10, 10});
     expectSelected(0, 0, 0, TestRom::colour(16));
     moveHolding(127, 119, Qt::LeftButton);
     expectSelected(0, 0, 0, TestRom::colour(16));
@@ -281,7 +130,7 @@ TEST_F(MapLayoutPageTest, DragSelectsTheCellsItPasses)
 
 TEST_F(MapLayoutPageTest, OnlyTheLeftButtonSelects)
 {
-    QTest::mouseClick(&grid(), Qt::RightButton, {}, inWidget(200, 60));
+    clickPicture(grid(), {200, 60}, Qt::RightButton);
     moveHolding(200, 60, Qt::RightButton);
     moveHolding(200, 60, Qt::NoButton);
     expectSelected(0, 0, 0, TestRom::colour(16));
@@ -361,247 +210,6 @@ TEST_F(MapLayoutPageTest, LinesThatNoByteCanTellAreNotTaken)
     EXPECT_EQ(block(0, 3), (Bytes{0xEE, 0xFF, 1}));
 }
 
-// The size
-
-TEST_F(MapLayoutPageTest, HeightGrowsAtTheBottom)
-{
-    press(kHeightGrow);
-    EXPECT_EQ(block(0, 15), (Bytes{0xEE, 0, 1, 2, 0xEE, 0xEE, 3, 4, 5, 0xEE, 0, 0, 0, 0, 0}));
-    for (const std::uint32_t room : {0x00U, 0x02U, 0x1AU})
-        EXPECT_EQ(storedSize(room), (Bytes{5, 3})) << room;
-    EXPECT_EQ(storedSize(3), (Bytes{5, 1}));
-    EXPECT_EQ(block(1, 3), (Bytes{0xEE, 7, 0xEE})); // moved up
-    EXPECT_EQ(heightText(), "3");
-    EXPECT_EQ(roomsText(), "2, 1a");
-    EXPECT_EQ(grid().picture().height(), 360U);
-    EXPECT_EQ(cellPixel(2, 2), TestRom::colour(16));
-}
-
-TEST_F(MapLayoutPageTest, HeightShrinksToOneRow)
-{
-    press(kHeightShrink);
-    EXPECT_EQ(storedSize(0), (Bytes{5, 1}));
-    EXPECT_EQ(block(0, 5), (Bytes{0xEE, 0, 1, 2, 0xEE}));
-    EXPECT_EQ(block(1, 3), (Bytes{0xEE, 7, 0xEE}));
-    EXPECT_EQ(heightText(), "1");
-    EXPECT_EQ(roomsText(), "2, 3, 1a"); // now of room 3's size
-    EXPECT_EQ(grid().picture().height(), 120U);
-    const Bytes before = image();
-    press(kHeightShrink);
-    EXPECT_EQ(image(), before);
-}
-
-TEST_F(MapLayoutPageTest, WidthGrowsBeforeTheRightBorder)
-{
-    press(kWidthGrow);
-    EXPECT_EQ(block(0, 12), (Bytes{0xEE, 0, 1, 2, 0, 0xEE, 0xEE, 3, 4, 5, 0, 0xEE}));
-    for (const std::uint32_t room : {0x00U, 0x02U, 0x1AU})
-        EXPECT_EQ(storedSize(room), (Bytes{6, 2})) << room;
-    EXPECT_EQ(block(1, 3), (Bytes{0xEE, 7, 0xEE}));
-    EXPECT_EQ(widthText(), "4");
-    EXPECT_EQ(cellPixel(0, 3), TestRom::colour(16));
-}
-
-TEST_F(MapLayoutPageTest, WidthShrinksToOneColumn)
-{
-    press(kWidthShrink);
-    EXPECT_EQ(block(0, 8), (Bytes{0xEE, 0, 1, 0xEE, 0xEE, 3, 4, 0xEE}));
-    EXPECT_EQ(storedSize(0x1A), (Bytes{4, 2}));
-    EXPECT_EQ(widthText(), "2");
-    press(kWidthShrink);
-    EXPECT_EQ(block(0, 6), (Bytes{0xEE, 0, 0xEE, 0xEE, 3, 0xEE}));
-    const Bytes before = image();
-    press(kWidthShrink);
-    EXPECT_EQ(image(), before);
-    EXPECT_EQ(widthText(), "1");
-}
-
-TEST_F(MapLayoutPageTest, SelectionStaysInASmallerMap)
-{
-    clickCell(1, 2);
-    press(kWidthShrink);
-    expectSelected(1, 1, 4, TestRom::colour(5));
-}
-
-TEST_F(MapLayoutPageTest, LargestSizesAreTold)
-{
-    setStoredSize(0, 5, 255);
-    page->refresh();
-    Bytes before = image();
-    prompt.expect("Yup. This is as far as it goes.", MessageIcon::kExclamation);
-    press(kHeightGrow);
-    EXPECT_EQ(image(), before);
-    setStoredSize(0, 255, 2);
-    page->refresh();
-    before = image();
-    prompt.expect("Yup. This is as far as it goes.", MessageIcon::kExclamation);
-    press(kWidthGrow);
-    EXPECT_EQ(image(), before);
-}
-
-TEST_F(MapLayoutPageTest, MissingSpaceIsTold)
-{
-    layouts().setFreeSpace(1);
-    const Bytes before = image();
-    prompt.expect("Not enough free space in the Map Layout data.", MessageIcon::kExclamation);
-    press(kHeightGrow);
-    prompt.expect("Not enough free space in the Map Layout data.", MessageIcon::kExclamation);
-    press(kWidthGrow);
-    EXPECT_EQ(image(), before);
-    EXPECT_EQ(heightText(), "2");
-}
-
-// Moving the map
-
-TEST_F(MapLayoutPageTest, ArrowButtonsMoveTheMapAroundItsEdges)
-{
-    const struct {
-        int button;
-        Bytes moved;
-    } moves[] = {{kMoveRight, {0xEE, 2, 0, 1, 0xEE, 0xEE, 5, 3, 4, 0xEE}},
-                 {kMoveLeft, kRows},
-                 {kMoveDown, {0xEE, 3, 4, 5, 0xEE, 0xEE, 0, 1, 2, 0xEE}},
-                 {kMoveUp, kRows},
-                 {kMoveLeft, {0xEE, 1, 2, 0, 0xEE, 0xEE, 4, 5, 3, 0xEE}}};
-    for (const auto& move : moves) {
-        press(move.button);
-        EXPECT_EQ(block(0, 10), move.moved) << move.button;
-    }
-}
-
-TEST_F(MapLayoutPageTest, MovedMapIsShown)
-{
-    press(kMoveRight);
-    expectSelected(0, 0, 2, TestRom::colour(2));
-    EXPECT_EQ(cellPixel(0, 0), TestRom::colour(2));
-    EXPECT_EQ(cellPixel(1, 0), 0x988898U);
-    press(kMoveUp);
-    expectSelected(0, 0, -1, 0x988898);
-}
-
-// Rooms without a map
-
-TEST_F(MapLayoutPageTest, RoomWithoutAMapIsToldOncePerRefresh)
-{
-    setStoredSize(0, 0, 0);
-    prompt.expect(kNoMap);
-    page->refresh();
-    EXPECT_TRUE(prompt.done());
-    EXPECT_EQ(heightText(), "0");
-    EXPECT_EQ(widthText(), "0");
-    EXPECT_TRUE(grid().picture().empty());
-    EXPECT_TRUE(grid().size().isEmpty());
-    EXPECT_TRUE(preview().picture().empty());
-    EXPECT_EQ(list().model()->rowCount(), 0);
-    EXPECT_EQ(roomsText(), "");
-    EXPECT_TRUE(changingButtonsAre(false));
-    page->resize(800, 600);
-
-    prompt.expect(kNoMap);
-    page->refresh();
-    EXPECT_TRUE(prompt.done());
-
-    changeRoom(2);
-    EXPECT_TRUE(changingButtonsAre(true));
-    EXPECT_EQ(heightText(), "2");
-    EXPECT_EQ(cellPixel(0, 1), TestRom::colour(1));
-}
-
-TEST_F(MapLayoutPageTest, NothingIsWrittenWithoutAMap)
-{
-    setStoredSize(0, 0, 0);
-    prompt.expect(kNoMap);
-    page->refresh();
-    const Bytes before = image();
-    for (const int button : kChangingButtons)
-        press(button);
-    QTest::mouseClick(&grid(), Qt::LeftButton, {}, QPoint(3, 3));
-    QTest::keyClick(&grid(), Qt::Key_Down);
-    QTest::keyClick(&list(), Qt::Key_Down);
-    EXPECT_EQ(image(), before);
-}
-
-TEST_F(MapLayoutPageTest, OneSizeOfZeroIsAMap)
-{
-    setStoredSize(0, 0, 2);
-    page->refresh();
-    EXPECT_EQ(widthText(), "1");
-    EXPECT_TRUE(changingButtonsAre(true));
-}
-
-// The two rooms of one map
-
-class PartnerRoomTest : public MapLayoutPageTest {
-protected:
-    PartnerRoomTest()
-    {
-        game.shareAll(kPartner, 0);
-        game.shareAll(kInside, 0);
-        game.setStoredSize(kInside, 4, 1);
-        start();
-    }
-    void showInside(ScriptedPrompt::Answer answer)
-    {
-        prompt.expectYesNoCancel(kPartnerQuestion, answer);
-        changeRoom(kInside);
-        EXPECT_TRUE(prompt.done());
-    }
-};
-
-TEST_F(PartnerRoomTest, YesTakesThePartnersSize)
-{
-    Bytes expected = image();
-    const std::uint32_t entry = game.entryOffset(&GameConfig::pahMapLayout, kInside);
-    showInside(ScriptedPrompt::Answer::kYes);
-    expected[entry + 2] = 5;
-    expected[entry + 3] = 2;
-    EXPECT_EQ(image(), expected);
-    EXPECT_EQ(widthText(), "3");
-    EXPECT_EQ(heightText(), "2");
-    EXPECT_EQ(roomsText(), "0, 2, 1a, 48");
-    page->refresh(); // no question any more
-}
-
-TEST_F(PartnerRoomTest, NoAndCancelKeepTheSize)
-{
-    const Bytes before = image();
-    for (const auto answer : {ScriptedPrompt::Answer::kNo, ScriptedPrompt::Answer::kCancel}) {
-        showInside(answer);
-        EXPECT_EQ(image(), before);
-        EXPECT_EQ(widthText(), "2");
-        EXPECT_EQ(heightText(), "1");
-        EXPECT_EQ(roomsText(), "");
-    }
-}
-
-TEST_F(PartnerRoomTest, QuestionComesAfterEveryResizeAndNoOtherChange)
-{
-    showInside(ScriptedPrompt::Answer::kNo);
-    press(kMoveRight);
-    chooseLine(3);
-    clickCell(0, 1);
-    prompt.expectYesNoCancel(kPartnerQuestion, ScriptedPrompt::Answer::kNo);
-    press(kWidthShrink);
-    EXPECT_EQ(storedSize(kInside), (Bytes{3, 1}));
-    EXPECT_EQ(storedSize(kPartner), (Bytes{5, 2}));
-}
-
-TEST_F(PartnerRoomTest, PartnerWithoutAMapLeavesNone)
-{
-    setStoredSize(kPartner, 0, 0);
-    prompt.expectYesNoCancel(kPartnerQuestion, ScriptedPrompt::Answer::kYes);
-    prompt.expect(kNoMap);
-    changeRoom(kInside);
-    EXPECT_EQ(storedSize(kInside), (Bytes{0, 0}));
-    EXPECT_TRUE(changingButtonsAre(false));
-}
-
-TEST_F(PartnerRoomTest, PartnerItselfIsNotAsked)
-{
-    changeRoom(kPartner);
-    EXPECT_EQ(roomsText(), "0, 2, 1a");
-}
-
 // Maps larger than their space
 
 class LargeMapTest : public MapLayoutPageTest {
@@ -633,7 +241,7 @@ TEST_F(LargeMapTest, ClickSelectsWhatShowsThere)
     horizontalBar().triggerAction(QAbstractSlider::SliderSingleStepAdd); // 16
     verticalBar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(horizontalBar().value(), 16);
-    QTest::mouseClick(&grid(), Qt::LeftButton, {}, inWidget(100, 100)); // 116, 116 of the map
+    clickPicture(grid(), {100, 100}); // 116, 116 of the map
     chooseLine(0);
     EXPECT_EQ(layouts().dataByte(2 * 34 + 2 + 1), 0);
     EXPECT_EQ(horizontalBar().value(), 16);
@@ -653,18 +261,12 @@ TEST_F(LargeMapTest, KeysBringTheSelectedCellIntoView)
 
 TEST_F(LargeMapTest, WheelOverTheGridScrollsIt)
 {
-    const auto wheel = [this](QWidget& over, QPoint turn) {
-        const QPointF global = over.mapToGlobal(QPointF(20, 20));
-        QWheelEvent event(page->mapFromGlobal(global), global, {}, turn, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(page.get(), &event);
-    };
-    wheel(grid(), {0, -120});
+    turnWheel(grid(), *page, {0, -120});
     EXPECT_GT(verticalBar().value(), 0);
-    wheel(grid(), {-120, 0});
+    turnWheel(grid(), *page, {-120, 0});
     EXPECT_GT(horizontalBar().value(), 0);
     const int before = verticalBar().value();
-    wheel(preview(), {0, -120});
+    turnWheel(preview(), *page, {0, -120});
     EXPECT_EQ(verticalBar().value(), before);
 }
 
@@ -678,7 +280,7 @@ TEST_F(LargeMapTest, DraggingRendersNoScreenAgain)
     const Pixel before = inside();
     for (std::uint32_t i = 0; i < 32; ++i)
         state.store.pahPal.setDataByte(i, 30);
-    QTest::mousePress(&grid(), Qt::LeftButton, {}, inWidget(0, 0));
+    pressPicture(grid(), {0, 0});
     for (int y = 22; y < height; y += 45) {
         for (int x = 24; x < width; x += 48)
             moveHolding(x, y, Qt::LeftButton);
@@ -737,4 +339,4 @@ TEST_F(MapLayoutPageTest, TabOfTheMainWindowShowsThePage)
 }
 
 } // namespace
-} // namespace velko
+} // namespace velko::test::map_layout

@@ -50,16 +50,8 @@ protected:
         state.graphics.selectRoom(room);
         page->refresh();
     }
-    void clickCheck() const
-    {
-        QTest::mouseClick(&check(), Qt::LeftButton, {}, QPoint(8, check().height() / 2));
-    }
-    void type(const QString& text) const
-    {
-        address().setFocus();
-        address().selectAll();
-        QTest::keyClicks(&address(), text);
-    }
+    void clickCheck() const { test::clickMark(check()); }
+    void type(const QString& text) const { test::typeInto(address(), text); }
     static void choose(QComboBox& combo, const QString& name)
     {
         combo.setFocus();

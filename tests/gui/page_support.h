@@ -3,6 +3,8 @@
 #include "app/page.h"
 #include "app/ui_common.h"
 
+#include <QAbstractButton>
+#include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -18,6 +20,29 @@ template <typename Widget = QWidget> Widget& controlOf(const QWidget& window, in
             return *widget;
     }
     throw std::runtime_error("no control " + std::to_string(id));
+}
+
+// The control below `window` that has this object name.
+template <typename Widget = QWidget> Widget& controlOf(const QWidget& window, const char* name)
+{
+    auto* found = window.findChild<Widget*>(name);
+    if (found == nullptr)
+        throw std::runtime_error(std::string("no control ") + name);
+    return *found;
+}
+
+// Types over what a box holds.
+inline void typeInto(QLineEdit& box, const QString& text)
+{
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, text);
+}
+
+// Clicks a check box or a radio button at its mark; the text is part of the control too.
+inline void clickMark(QAbstractButton& button)
+{
+    QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
 }
 
 // Shows a window and waits until it has the focus.

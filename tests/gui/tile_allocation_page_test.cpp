@@ -1,153 +1,15 @@
-#include "gfx/tile_allocation_page.h"
-
 #include "app/main_dialog.h"
-#include "app/picture_view.h"
 #include "app/ui_common.h"
+#include "tests/gui/tile_allocation_fixture.h"
 #include "tests/support/scripted_prompt.h"
-#include "tests/support/tile_allocation_rom.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QGroupBox>
-#include <QLabel>
-#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
-#include <QWheelEvent>
-#include <gtest/gtest.h>
-#include <memory>
-#include <stdexcept>
 
-namespace velko {
+namespace velko::test::tile_allocation {
 namespace {
-
-using test::TileAllocationRom;
-
-constexpr std::uint32_t kAllocation = TileAllocationRom::kAllocation;
-constexpr std::uint32_t kBlock1 = TileAllocationRom::blockOffset(0, 1);
-
-// The greys of pixel values 0 to 3.
-constexpr Pixel kGrey0 = 0x000000;
-constexpr Pixel kGrey1 = 0xF0F0F0;
-constexpr Pixel kGrey2 = 0x909090;
-constexpr Pixel kGrey3 = 0x404040;
-constexpr Pixel kFrameBand = 0xFFFFFF;
-
-constexpr int kPaintSize = 14;
-
-class TileAllocationPageTest : public test::TileAllocationGameTest {
-protected:
-    TileAllocationPageTest() { openPage(); }
-
-    void openPage()
-    {
-        page = std::make_unique<TileAllocationPage>(state);
-        page->setup();
-        page->refresh();
-        page->resize(960, 640);
-        page->show();
-        page->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
-    }
-    void openPageWithBanks(std::uint32_t banks)
-    {
-        page.reset();
-        state.config.setValue(MiscField::bgTileBanks, banks);
-        openPage();
-    }
-
-    template <typename Control> Control& control(const char* name) const
-    {
-        auto* found = page->findChild<Control*>(name);
-        if (found == nullptr)
-            throw std::runtime_error(name);
-        return *found;
-    }
-    PictureView& slotView() const { return control<PictureView>("slotView"); }
-    PictureView& blockView() const { return control<PictureView>("blockView"); }
-    PictureView& canvas() const { return control<PictureView>("canvasView"); }
-    PictureView& colours() const { return control<PictureView>("colourView"); }
-    QScrollBar& bar() const { return control<QScrollBar>("blockBar"); }
-    QCheckBox& mirrorCheck() const { return control<QCheckBox>("mirrorCheck"); }
-    QCheckBox& unusedCheck() const { return control<QCheckBox>("unusedCheck"); }
-    QString text(const char* name) const { return control<QLabel>(name).text(); }
-
-    static QPoint inWidget(int x, int y)
-    {
-        return {x + PictureView::kFrame, y + PictureView::kFrame};
-    }
-    static void click(PictureView& view, int x, int y, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseClick(&view, button, {}, inWidget(x, y));
-    }
-    static void press(PictureView& view, int x, int y)
-    {
-        QTest::mousePress(&view, Qt::LeftButton, {}, inWidget(x, y));
-    }
-    static void release(PictureView& view, int x, int y)
-    {
-        QTest::mouseRelease(&view, Qt::LeftButton, {}, inWidget(x, y));
-    }
-    static void moveHolding(PictureView& view, int x, int y, Qt::MouseButton button)
-    {
-        const QPoint point = inWidget(x, y);
-        QMouseEvent move(QEvent::MouseMove, point, view.mapToGlobal(QPointF(point)), Qt::NoButton,
-                         button, {});
-        QApplication::sendEvent(&view, &move);
-    }
-    void clickSlot(int slot) const { click(slotView(), slot % 8 * 32 + 9, slot / 8 * 32 + 9); }
-    void chooseColour(int colour) const { click(colours(), 16, colour * 33 + 16); }
-    // The middle of a pixel of the canvas.
-    static int middle(int pixel) { return pixel * kPaintSize + kPaintSize / 2; }
-    void clickPixel(int column, int row, Qt::MouseButton button = Qt::LeftButton) const
-    {
-        click(canvas(), middle(column), middle(row), button);
-    }
-    Pixel canvasPixel(int column, int row) const
-    {
-        return canvas().picture().at(static_cast<std::uint32_t>(middle(column)),
-                                     static_cast<std::uint32_t>(middle(row)));
-    }
-    // A pixel of a slot or a block (0-15 each way) as its grid shows it.
-    static Pixel cellPixel(const PictureView& view, std::uint32_t cell, std::uint32_t column,
-                           std::uint32_t row)
-    {
-        return view.picture().at(cell % 8 * 32 + 2 * column, cell / 8 * 32 + 2 * row);
-    }
-    // The line outside of a cell's frame is cut off at the picture's edge; its band never is.
-    static bool isFramed(const PictureView& view, std::uint32_t cell)
-    {
-        const std::uint32_t x = cell % 8 * 32;
-        const std::uint32_t y = cell / 8 * 32;
-        const PixelImage& picture = view.picture();
-        return (x == 0 || picture.at(x - 1, y + 16) == kFrameBand)
-            && (x == 224 || picture.at(x + 32, y + 16) == kFrameBand)
-            && (y == 0 || picture.at(x + 16, y - 1) == kFrameBand)
-            && (y == 224 || picture.at(x + 16, y + 32) == kFrameBand);
-    }
-    bool colourIsFramed(std::uint32_t colour) const
-    {
-        return colours().picture().at(1, colour * 33 + 1) == kFrameBand;
-    }
-    // The slot's pictures, labels and boxes agree.
-    void expectShown(const char* index, const char* bank, const char* tileNumber,
-                     const char* address) const
-    {
-        EXPECT_EQ(text("indexValue"), index);
-        EXPECT_EQ(text("bankValue"), bank);
-        EXPECT_EQ(text("tileNumberValue"), tileNumber);
-        EXPECT_EQ(text("romAddressValue"), address);
-    }
-    static void wheel(QWidget& over, QWidget& receiver, int turn)
-    {
-        const QPointF global = over.mapToGlobal(QPointF(20, 20));
-        QWheelEvent event(receiver.mapFromGlobal(global), global, {}, {0, turn}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&receiver, &event);
-    }
-
-    std::unique_ptr<TileAllocationPage> page;
-};
 
 // What is shown
 
@@ -434,180 +296,6 @@ TEST_F(TileAllocationPageTest, CheckBoxesHaveKeys)
     EXPECT_EQ(image(), loadedExcept({{kAllocation + 64, 0xC4}}));
 }
 
-// The canvas
-
-TEST_F(TileAllocationPageTest, ClickPaintsAPixel)
-{
-    chooseColour(3);
-    clickPixel(2, 3);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 3, 0x20}, {kBlock1 + 11, 0x20}}));
-    EXPECT_EQ(canvasPixel(2, 3), kGrey3);
-    EXPECT_EQ(cellPixel(blockView(), 1, 2, 3), kGrey3);
-    EXPECT_EQ(cellPixel(slotView(), 0, 2, 3), kGrey3);
-    EXPECT_EQ(cellPixel(slotView(), 1, 13, 3), kGrey3); // mirrored
-    EXPECT_EQ(cellPixel(slotView(), 1, 2, 3), kGrey0);
-    EXPECT_EQ(cellPixel(slotView(), 3, 2, 3), kGrey3);
-    EXPECT_EQ(patternByte(3, 3), 0x20);
-    chooseColour(0);
-    clickPixel(2, 3);
-    EXPECT_EQ(image(), game.bytes);
-}
-
-TEST_F(TileAllocationPageTest, PaintInAMirroredSlotEditsTheUnmirroredBlock)
-{
-    clickSlot(1);
-    chooseColour(1);
-    clickPixel(2, 3);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 3, 0x20}}));
-    EXPECT_EQ(canvasPixel(2, 3), kGrey1);
-    EXPECT_EQ(cellPixel(slotView(), 1, 13, 3), kGrey1);
-    EXPECT_EQ(cellPixel(slotView(), 0, 2, 3), kGrey1);
-}
-
-TEST_F(TileAllocationPageTest, PaintIsSeenInEveryRoomThatUsesTheBlock)
-{
-    chooseColour(1);
-    clickPixel(2, 3);
-    state.graphics.selectRoom(TileAllocationRom::kOther);
-    page->refresh();
-    EXPECT_EQ(cellPixel(slotView(), 63, 2, 3), kGrey1);
-}
-
-TEST_F(TileAllocationPageTest, LastRowAndColumnOfTheCanvasArePixelFifteen)
-{
-    chooseColour(1);
-    click(canvas(), 223, 223);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 55, 0x01}}));
-    EXPECT_EQ(canvas().picture().at(223, 223), kGrey1);
-}
-
-TEST_F(TileAllocationPageTest, DragPaintsThePixelsItPasses)
-{
-    chooseColour(1);
-    press(canvas(), middle(4), middle(4));
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x08}}));
-    moveHolding(canvas(), middle(5), middle(4), Qt::LeftButton);
-    moveHolding(canvas(), middle(8), middle(9), Qt::LeftButton);
-    release(canvas(), middle(8), middle(9));
-    moveHolding(canvas(), middle(12), middle(12), Qt::NoButton);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x0C}, {kBlock1 + 49, 0x80}}));
-    EXPECT_EQ(canvasPixel(5, 4), kGrey1);
-    EXPECT_EQ(cellPixel(slotView(), 0, 8, 9), kGrey1);
-}
-
-TEST_F(TileAllocationPageTest, DragPaintsNothingOutsideTheCanvas)
-{
-    chooseColour(1);
-    press(canvas(), middle(4), middle(4));
-    for (const QPoint outside : {QPoint(-1, 60), QPoint(60, -1), QPoint(-5000, 60), QPoint(60, 227),
-                                 QPoint(227, 60), QPoint(5000, 5000)})
-        moveHolding(canvas(), outside.x(), outside.y(), Qt::LeftButton);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x08}}));
-    moveHolding(canvas(), middle(5), middle(4), Qt::LeftButton);
-    release(canvas(), middle(5), middle(4));
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 4, 0x0C}}));
-}
-
-TEST_F(TileAllocationPageTest, DragOnTheCanvassBorderPaintsTheLastPixels)
-{
-    chooseColour(1);
-    press(canvas(), middle(15), middle(4));
-    moveHolding(canvas(), 226, middle(5), Qt::LeftButton);
-    moveHolding(canvas(), middle(14), 225, Qt::LeftButton);
-    release(canvas(), middle(14), 225);
-    EXPECT_EQ(image(),
-              loadedExcept({{kBlock1 + 36, 0x01}, {kBlock1 + 37, 0x01}, {kBlock1 + 55, 0x02}}));
-}
-
-TEST_F(TileAllocationPageTest, RightClickTakesThePixelsColour)
-{
-    clickPixel(8, 0, Qt::RightButton);
-    EXPECT_TRUE(colourIsFramed(2));
-    EXPECT_FALSE(colourIsFramed(0));
-    EXPECT_EQ(image(), game.bytes);
-    clickPixel(1, 1);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 9, 0x40}}));
-    EXPECT_EQ(canvasPixel(1, 1), kGrey2);
-    clickPixel(15, 15, Qt::RightButton);
-    EXPECT_TRUE(colourIsFramed(0));
-}
-
-TEST_F(TileAllocationPageTest, OtherButtonsDoNotPaint)
-{
-    chooseColour(1);
-    clickPixel(5, 5, Qt::MiddleButton);
-    moveHolding(canvas(), middle(5), middle(5), Qt::RightButton);
-    EXPECT_EQ(image(), game.bytes);
-    EXPECT_TRUE(colourIsFramed(1));
-}
-
-TEST_F(TileAllocationPageTest, ClickChoosesAColour)
-{
-    for (int colour = 3; colour >= 0; --colour) {
-        click(colours(), 32, colour * 33 + 32);
-        for (int other = 0; other < 4; ++other)
-            EXPECT_EQ(colourIsFramed(static_cast<std::uint32_t>(other)), other == colour);
-    }
-    click(colours(), 16, 110, Qt::RightButton);
-    EXPECT_TRUE(colourIsFramed(0));
-}
-
-TEST_F(TileAllocationPageTest, ArrowKeysChooseAColour)
-{
-    colours().setFocus();
-    for (int i = 0; i < 5; ++i)
-        QTest::keyClick(&colours(), Qt::Key_Down);
-    EXPECT_TRUE(colourIsFramed(3));
-    QTest::keyClick(&colours(), Qt::Key_Up);
-    EXPECT_TRUE(colourIsFramed(2));
-}
-
-TEST_F(TileAllocationPageTest, TheKeyboardPaintsAtItsCursor)
-{
-    canvas().setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(canvas().picture().at(1, 1), kFrameBand); // the cursor, on the first pixel
-    QTest::keyClick(&canvas(), Qt::Key_Right);
-    QTest::keyClick(&canvas(), Qt::Key_Down);
-    EXPECT_EQ(canvas().picture().at(1, 1), kGrey1);
-    EXPECT_EQ(canvas().picture().at(15, 15), kFrameBand);
-    QTest::keyClick(&canvas(), Qt::Key_3);
-    EXPECT_TRUE(colourIsFramed(3));
-    QTest::keyClick(&canvas(), Qt::Key_Space);
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 1, 0x40}, {kBlock1 + 9, 0x40}}));
-    QTest::keyClick(&canvas(), Qt::Key_Up);
-    QTest::keyClick(&canvas(), Qt::Key_Left);
-    QTest::keyClick(&canvas(), Qt::Key_Left); // at the edge
-    QTest::keyClick(&canvas(), Qt::Key_Return);
-    EXPECT_TRUE(colourIsFramed(1));
-    EXPECT_EQ(image(), loadedExcept({{kBlock1 + 1, 0x40}, {kBlock1 + 9, 0x40}}));
-}
-
-TEST_F(TileAllocationPageTest, TheCursorIsSeenOnlyWhileTheKeyboardIsUsed)
-{
-    chooseColour(1);
-    clickPixel(5, 5);
-    EXPECT_EQ(canvas().picture().at(71, 71), kGrey1);
-    QTest::keyClick(&canvas(), Qt::Key_Right); // from where the mouse was
-    EXPECT_EQ(canvas().picture().at(85, 71), kFrameBand);
-    clickPixel(5, 5, Qt::RightButton);
-    EXPECT_EQ(canvas().picture().at(85, 71), kGrey0);
-    QTest::keyClick(&canvas(), Qt::Key_Left);
-    EXPECT_EQ(canvas().picture().at(57, 71), kFrameBand);
-    slotView().setFocus();
-    EXPECT_EQ(canvas().picture().at(57, 71), kGrey0);
-}
-
-TEST_F(TileAllocationPageTest, TabGoesThroughTheControlsInTheirOrder)
-{
-    const QWidget* const order[] = {&slotView(),    &blockView(), &mirrorCheck(),
-                                    &unusedCheck(), &canvas(),    &colours()};
-    slotView().setFocus();
-    for (const QWidget* expected : order) {
-        EXPECT_EQ(page->focusWidget(), expected) << expected->objectName().toStdString();
-        QTest::keyClick(page->focusWidget(), Qt::Key_Tab);
-    }
-}
-
 // Bad data
 
 TEST_F(TileAllocationPageTest, AllocationOutsideTheRomShowsFillerAndDropsChanges)
@@ -697,7 +385,7 @@ TEST_F(TileAllocationPageLargeAndDark, AnotherAddressMovesNothing)
 TEST_F(TileAllocationPageTest, PaintIsSeenOnTheOtherPages)
 {
     page.reset();
-    test::ScriptedPrompt prompt;
+    ScriptedPrompt prompt;
     MainDialog window(state, prompt);
     window.show();
     auto& tabs = *window.findChild<QTabWidget*>("pageTabs");
@@ -716,4 +404,4 @@ TEST_F(TileAllocationPageTest, PaintIsSeenOnTheOtherPages)
 }
 
 } // namespace
-} // namespace velko
+} // namespace velko::test::tile_allocation

@@ -151,13 +151,7 @@ protected:
         QTest::keyClicks(&combo, combo.itemText(index));
         EXPECT_EQ(combo.currentIndex(), index);
     }
-    void typeInto(int id, const char* keys) const
-    {
-        auto& box = control<HexEdit>(id);
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, keys);
-    }
+    void typeInto(int id, const char* keys) const { test::typeInto(control<HexEdit>(id), keys); }
     void changeRoom(std::uint8_t room)
     {
         state.graphics.selectRoom(room);

@@ -7,6 +7,7 @@
 #include "app/picture_view.h"
 #include "rom/file_io.h"
 #include "tests/gui/main_dialog_fixture.h"
+#include "tests/gui/page_support.h"
 #include "tests/support/game_folder.h"
 #include "tests/support/map_editing_rom.h"
 #include "tests/support/scripted_file_chooser.h"
@@ -83,10 +84,7 @@ protected:
 
     template <typename Control> Control& control(const char* name) const
     {
-        auto* found = dialog->findChild<Control*>(name);
-        if (found == nullptr)
-            throw std::runtime_error(name);
-        return *found;
+        return test::controlOf<Control>(*dialog, name);
     }
     void trigger(const char* action) const { control<QAction>(action).trigger(); }
     void clickTab(int index) const
