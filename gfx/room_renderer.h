@@ -26,16 +26,16 @@ struct ScreenMap16 {
 
 // The palette and physics of a background block's first occurrence.
 struct TsaEntry {
-    std::uint8_t palette = 0;
-    std::uint8_t physics = 0;
+    std::uint8_t palette = 0; // 0-3
+    std::uint8_t physics = 0; // 0-15
     bool seen = false;
 };
-using TsaTable = std::array<TsaEntry, 64>;
+using TsaTable = std::array<TsaEntry, 64>; // by background block: metatile / 4
 
 struct MetatileCell {
-    std::uint8_t metatile = 0;
-    std::uint8_t palette = 0;
-    std::uint8_t physics = 0;
+    std::uint8_t metatile = 0; // first of its four tiles in pattern table 1
+    std::uint8_t palette = 0;  // 0-3
+    std::uint8_t physics = 0;  // 0-15
 };
 
 // A room's size as it is shown, in screens; both at least 1.

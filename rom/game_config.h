@@ -25,7 +25,7 @@ struct PointerArrayDescriptor {
 };
 
 // The loose numbers of `miscData`, in storage order: a sequence that starts at one of them runs
-// on into the next.
+// on into the next. Those that begin with ptr are file offsets; the header counts.
 enum class MiscField : std::uint8_t {
     startGfxBg,
     bgTileBanks,
@@ -76,7 +76,7 @@ struct GameConfig {
     std::array<std::uint16_t, kUnitTypes> unitSpriteAddress{}; // CPU addresses of sprite scripts
     // Four 8x8 tiles per 16x16 piece of the overworld map, in column order.
     std::array<std::uint8_t, 1024> gameMapTileChunks{};
-    std::array<std::uint16_t, kItems> itemInGameSpriteAddress{};
+    std::array<std::uint16_t, kItems> itemInGameSpriteAddress{}; // CPU addresses
 
     PointerArrayDescriptor pahMapAlloc;
     PointerArrayDescriptor pahTileLoad;

@@ -16,11 +16,11 @@ namespace velko {
 // The names that give numbers a human face. Entries are the bytes of the file's lines; a list
 // file that is short or missing is filled up with names made of the hexadecimal index.
 struct NameLists {
-    std::array<std::string, kUnitTypes> units;
-    std::array<std::string, 255> vramLoads;
-    std::array<std::string, 256> music;
-    std::vector<std::string> rooms; // GameConfig::roomCount() of them, at most kMostRooms
-    std::array<std::string, kItems> items;
+    std::array<std::string, kUnitTypes> units; // by unit type
+    std::array<std::string, 255> vramLoads;    // by load record
+    std::array<std::string, 256> music;        // by music number
+    std::vector<std::string> rooms;        // GameConfig::roomCount() of them, at most kMostRooms
+    std::array<std::string, kItems> items; // by item
 
     // Whether the module names a unit type: false for types past the list, and for those that an
     // empty line or a filler stands for.
