@@ -56,6 +56,30 @@ private:
     bool m_renamed = false;
 };
 
+// Where a path leads once links are followed, whether or not anything is there yet; nothing when
+// they lead in a circle.
+std::optional<fs::path> behindLinks(fs::path path)
+{
+    constexpr int kMostLinks = 40; // as many as Linux follows
+    std::error_code error;
+    for (int links = 0; links <= kMostLinks; ++links) {
+        if (!fs::is_symlink(fs::symlink_status(path, error)))
+            return path;
+        path = path.parent_path() / fs::read_symlink(path, error);
+    }
+    return std::nullopt;
+}
+
+// A new file takes the place of the old one, for which the folder alone would have to be writable.
+// But a file without write permission is one that its owner wants to keep: also root is refused.
+bool isWriteProtected(const fs::path& path, fs::perms permissions)
+{
+    constexpr fs::perms kWrite =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    return (permissions & kWrite) == fs::perms::none
+        || !std::ofstream(path, std::ios::binary | std::ios::app);
+}
+
 } // namespace
 
 std::optional<std::string> writeFile(const fs::path& path, std::span<const std::uint8_t> bytes)
@@ -63,19 +87,21 @@ std::optional<std::string> writeFile(const fs::path& path, std::span<const std::
     if (path.filename().empty()) // nothing, or a folder
         return path.empty() ? "no file name given" : utf8FromPath(path) + ": is no regular file";
     const std::string name = utf8FromPath(path);
+    const std::optional<fs::path> target = behindLinks(path);
+    if (!target)
+        return name + ": is a link that leads in a circle";
     std::error_code error;
-    fs::path target = fs::canonical(path, error); // fails where nothing is there yet
-    if (error)
-        target = path;
-    const fs::file_status old = fs::status(target, error);
+    const fs::file_status old = fs::status(*target, error);
     if (fs::exists(old) && !fs::is_regular_file(old))
         return name + ": is no regular file";
-    TemporaryFile temporary(target);
+    if (fs::exists(old) && isWriteProtected(*target, old.permissions()))
+        return name + ": is write-protected";
+    TemporaryFile temporary(*target);
     if (!temporary.write(bytes))
         return name + ": cannot be written";
     if (fs::exists(old))
         fs::permissions(temporary.path(), old.permissions(), error);
-    if (!temporary.rename(target))
+    if (!temporary.rename(*target))
         return name + ": cannot be written";
     return std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "cli/output_file.h"
 
 #include "rom/file_io.h"
+#include "tests/cli/file_limits.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -54,20 +55,80 @@ TEST_F(OutputFile, ReplacesALongerOne)
 
 TEST_F(OutputFile, KeepsThePermissions)
 {
-    put("old", "text");
-    const auto permissions = fs::perms::owner_read | fs::perms::owner_write;
-    fs::permissions(at("old"), permissions);
-    EXPECT_EQ(writeFile(at("old"), "new"), std::nullopt);
-    EXPECT_EQ(fs::status(at("old")).permissions(), permissions);
+    for (const unsigned mode : {0600U, 0664U, 0755U}) {
+        const auto permissions = static_cast<fs::perms>(mode);
+        put("old", "text");
+        fs::permissions(at("old"), permissions);
+        EXPECT_EQ(writeFile(at("old"), "new"), std::nullopt);
+        EXPECT_EQ(fs::status(at("old")).permissions(), permissions);
+    }
 }
 
-TEST_F(OutputFile, FollowsALink)
+TEST_F(OutputFile, ThatIsWriteProtectedIsRefused)
 {
     put("old", "text");
-    fs::create_symlink("old", at("link"));
+    fs::permissions(at("old"), fs::perms::owner_read | fs::perms::group_read);
+    EXPECT_EQ(writeFile(at("old"), "new"), utf8FromPath(at("old")) + ": is write-protected");
+    EXPECT_EQ(loadTextFile(at("old")), "text");
+    EXPECT_EQ(filesThere(), 1U);
+}
+
+TEST_F(OutputFile, ThatOnlyOthersMayWriteIsRefused)
+{
+    fs::permissions(at(""), fs::perms::all);
+    const test::OrdinaryUser user;
+    put("old", "text");
+    fs::permissions(at("old"), fs::perms::owner_read | fs::perms::others_write);
+    EXPECT_EQ(writeFile(at("old"), "new"), utf8FromPath(at("old")) + ": is write-protected");
+    EXPECT_EQ(loadTextFile(at("old")), "text");
+    EXPECT_EQ(filesThere(), 1U);
+}
+
+TEST_F(OutputFile, FollowsLinks)
+{
+    put("old", "text");
+    fs::create_symlink("old", at("inner"));
+    fs::create_symlink(at("inner"), at("link"));
     EXPECT_EQ(writeFile(at("link"), "new"), std::nullopt);
     EXPECT_TRUE(fs::is_symlink(at("link")));
+    EXPECT_TRUE(fs::is_symlink(at("inner")));
     EXPECT_EQ(loadTextFile(at("old")), "new");
+    EXPECT_EQ(filesThere(), 3U);
+}
+
+TEST_F(OutputFile, FollowsALinkToAFileThatIsNotThereYet)
+{
+    fs::create_directory(at("folder"));
+    fs::create_symlink("folder/new", at("link"));
+    EXPECT_EQ(writeFile(at("link"), "text"), std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(at("link")));
+    EXPECT_EQ(loadTextFile(at("folder/new")), "text");
+}
+
+TEST_F(OutputFile, LinksInACircleAreRefused)
+{
+    fs::create_symlink("b", at("a"));
+    fs::create_symlink("a", at("b"));
+    EXPECT_EQ(writeFile(at("a"), "text"),
+              utf8FromPath(at("a")) + ": is a link that leads in a circle");
+    EXPECT_TRUE(fs::is_symlink(at("a")));
+    EXPECT_EQ(filesThere(), 2U);
+}
+
+TEST_F(OutputFile, ThatDoesNotFitOnTheDiskLeavesNothing)
+{
+    put("old", "text");
+    const std::string text(2000, 'x');
+    const test::FileSizeLimit disk(1000);
+    EXPECT_EQ(writeFile(at("old"), text), utf8FromPath(at("old")) + ": cannot be written");
+    EXPECT_EQ(writeFile(at("new"), text), utf8FromPath(at("new")) + ": cannot be written");
+    EXPECT_EQ(loadTextFile(at("old")), "text");
+    EXPECT_EQ(filesThere(), 1U);
+}
+
+TEST_F(OutputFile, InAFolderWhereNothingCanBeMadeIsRefused)
+{
+    EXPECT_EQ(writeFile("/proc/self/new", "text"), "/proc/self/new: cannot be written");
 }
 
 TEST_F(OutputFile, InAFolderThatIsNotThereIsRefused)

@@ -40,3 +40,30 @@ if [ -w /dev/full ]; then
         exit 1
     }
 fi
+
+# A verb that cannot write its output to the end says which file, and leaves neither a part of it
+# nor another file behind. Files may have 1 KB here: less than each of these outputs.
+full_disk() {
+    local file=$1 status=0
+    rm -rf "$work/full"
+    mkdir "$work/full"
+    (ulimit -f 1 && exec "$program" -C "$demo" "${@:2}") > "$work/out" 2> "$work/err" || status=$?
+    [ "$status|$(cat "$work/err")" = "2|velko-cli: $work/full/$file: cannot be written" ] || {
+        echo "full disk: ${*:2}: $status, $(cat "$work/err")" >&2
+        exit 1
+    }
+    [ -z "$(find "$work/full" -type f)" ] || {
+        echo "full disk: ${*:2} left $(find "$work/full" -type f)" >&2
+        exit 1
+    }
+}
+cut=$work/cut.nes
+head -c 100000 "$demo/demo.nes" > "$cut"
+"$program" -C "$demo" patch make "$cut" demo.nes -o "$work/longer.bps"
+full_disk out.nes data demo.nes join --kind palette -o "$work/full/out.nes"
+full_disk out.nes set demo.nes room.0.music 1 -o "$work/full/out.nes"
+full_disk out.png render demo.nes --room 20 -o "$work/full/out.png"
+full_disk out.bps patch make "$cut" demo.nes -o "$work/full/out.bps"
+full_disk out.nes patch apply "$cut" "$work/longer.bps" -o "$work/full/out.nes"
+full_disk room_00.png render demo.nes --all -o "$work/full"
+full_disk overworld.png atlas demo.nes -o "$work/full"
