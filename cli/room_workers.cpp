@@ -28,8 +28,11 @@ public:
     // The next room that nobody works on; nothing when all are taken, or after a failure.
     std::optional<std::uint8_t> take()
     {
+        // A room that was taken is done, so that the first one that fails is always the same.
+        if (m_failed)
+            return std::nullopt;
         const std::uint32_t room = m_next++;
-        if (m_failed || room >= m_rooms)
+        if (room >= m_rooms)
             return std::nullopt;
         return static_cast<std::uint8_t>(room);
     }

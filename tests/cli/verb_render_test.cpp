@@ -1,12 +1,6 @@
-#include "gfx/tile_allocation_pictures.h"
-#include "pages/map_allocation_model.h"
-#include "pages/unit_placement_model.h"
 #include "rom/number_text.h"
-#include "tests/cli/cli_fixture.h"
 #include "tests/cli/demo_state.h"
-#include "tests/cli/png_reader.h"
-#include "tests/support/scripted_prompt.h"
-#include "tools/overworld_model.h"
+#include "tests/cli/render_fixture.h"
 
 #include <algorithm>
 #include <random>
@@ -15,64 +9,12 @@ namespace velko {
 namespace {
 
 using test::CliOutcome;
+using test::kDemoRooms;
+using test::kLayoutTable;
 using test::OpenGame;
+using test::RenderTest;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
-
-// Where the demo keeps the sizes of its rooms: width and height at bytes 2 and 3 of four.
-constexpr std::size_t kLayoutTable = 0x3D110;
-constexpr std::uint32_t kDemoRooms = 111;
-
-class RenderTest : public test::CliTest {
-protected:
-    // Draws with the options given and returns the picture; a failure fails the test.
-    PixelImage render(std::vector<std::string> options, const std::string& rom = "demo.nes") const
-    {
-        const CliOutcome outcome = tryToRender(std::move(options), rom);
-        EXPECT_EQ(outcome.status, 0) << outcome.err;
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(outcome.err, "");
-        return picture("picture.png");
-    }
-    CliOutcome tryToRender(std::vector<std::string> options,
-                           const std::string& rom = "demo.nes") const
-    {
-        options.insert(options.begin(), {"render", rom});
-        options.insert(options.end(), {"-o", path("picture.png")});
-        return run(options);
-    }
-    CliOutcome renderAll(const std::string& rom, std::vector<std::string> options = {}) const
-    {
-        options.insert(options.begin(), {"render", rom, "--all", "-o", path("all")});
-        return run(options);
-    }
-    PixelImage picture(const std::string& name) const
-    {
-        const auto file = loadFile(pathFromUtf8(path(name)));
-        EXPECT_TRUE(file) << name;
-        return file ? test::readPng(*file) : PixelImage();
-    }
-    bool exists(const std::string& name) const
-    {
-        return std::filesystem::exists(pathFromUtf8(path(name)));
-    }
-    // The demo with a room given another stored size.
-    std::string gameWithSize(std::uint32_t room, std::uint8_t width, std::uint8_t height) const
-    {
-        std::vector<std::uint8_t> bytes = demoBytes();
-        bytes[kLayoutTable + 4 * std::size_t{room} + 2] = width;
-        bytes[kLayoutTable + 4 * std::size_t{room} + 3] = height;
-        return write("sized.nes", bytes);
-    }
-};
-
-PixelImage cropped(const PixelImage& image, RoomView::Position corner, RoomView::Size size)
-{
-    PixelImage part(static_cast<std::uint32_t>(size.width),
-                    static_cast<std::uint32_t>(size.height));
-    blit(part, image, -corner.x, -corner.y);
-    return part;
-}
 
 // What is drawn
 
@@ -91,72 +33,6 @@ TEST_F(RenderTest, RoomWithoutAMapIsOneScreen)
     const PixelImage image = render({"--room", "3e"});
     EXPECT_EQ(image.width(), 256U);
     EXPECT_EQ(image.height(), 240U);
-}
-
-TEST_F(RenderTest, UnitsAsTheirPageShowsThem)
-{
-    OpenGame game;
-    for (const std::uint8_t room : {std::uint8_t{0x02}, std::uint8_t{0x12}, std::uint8_t{0x20}}) {
-        const PixelImage whole = render({"--room", hexText(room), "--units"});
-        game.state.graphics.selectRoom(room);
-        UnitPlacementModel page(game.state);
-        page.refresh();
-        for (const RoomView::Position corner : {RoomView::Position{0, 0}, {160, 0}, {480, 300}}) {
-            page.view().scrollTo(corner);
-            PixelImage shown;
-            page.draw(shown);
-            PixelImage part(shown.width(), shown.height());
-            copyScaled(part, cropped(whole, page.view().scroll(), page.view().region()));
-            EXPECT_EQ(part, shown) << hexText(room);
-        }
-        EXPECT_NE(whole, render({"--room", hexText(room)})) << hexText(room);
-    }
-}
-
-TEST_F(RenderTest, ScreenWithTheGraphicsOfItsRoom)
-{
-    OpenGame game;
-    game.state.graphics.selectRoom(0x12);
-    MapAllocationModel page(game.state);
-    page.resetSelection();
-    PixelImage shown;
-    page.drawSelectedScreen(shown);
-    EXPECT_EQ(render({"--screen", hexText(page.selectedAddress()), "--room", "12"}), shown);
-}
-
-TEST_F(RenderTest, ScreenWithoutARoomGetsTheGraphicsOfRoom0)
-{
-    OpenGame game;
-    PixelImage shown(256, 240);
-    const std::uint16_t address = game.state.renderer.screenAddress(1);
-    game.state.renderer.drawScreen(shown, 0, 0, address);
-    EXPECT_EQ(render({"--screen", hexText(address)}), shown);
-}
-
-TEST_F(RenderTest, OverworldAsItsEditorShowsIt)
-{
-    const PixelImage map = render({"--overworld"});
-    EXPECT_EQ(map.width(), 208U);
-    EXPECT_EQ(map.height(), 144U);
-    OpenGame game;
-    test::ScriptedPrompt prompt;
-    PixelImage shown;
-    OverworldModel(game.state, prompt).drawMap(shown);
-    PixelImage scaled(shown.width(), shown.height());
-    copyScaled(scaled, map);
-    EXPECT_EQ(scaled, shown);
-}
-
-TEST_F(RenderTest, TilesAsTheirPageShowsThem)
-{
-    PixelImage tiles = render({"--tiles", "12"});
-    OpenGame game;
-    game.state.graphics.selectRoom(0x12);
-    TileAllocationModel model(game.state);
-    PixelImage shown;
-    TileAllocationPictures(game.state, model).drawSlots(shown);
-    drawSelectionFrame(tiles, -3, -3, 22, 22); // the page's mark of slot 0
-    EXPECT_EQ(test::enlarged(tiles, 2), shown);
 }
 
 TEST_F(RenderTest, ScaleEnlargesPixels)
@@ -216,6 +92,14 @@ TEST_F(RenderTest, AllStopsWhenAFileCannotBeWritten)
     EXPECT_THAT(outcome.err,
                 HasSubstr("velko-cli: " + path("all/room_00.png") + ": is no regular file\n"));
     EXPECT_THAT(outcome.err, ::testing::Not(HasSubstr("111 of 111")));
+}
+
+TEST_F(RenderTest, AllIntoAFolderWhereNothingCanBeMade)
+{
+    expectFailure(run({"render", "demo.nes", "--all", "-o", "/proc/self"}),
+                  "/proc/self/room_00.png: cannot be written");
+    expectFailure(run({"render", "demo.nes", "--all", "-o", "/proc/self/rooms"}),
+                  "/proc/self/rooms: is no folder, and none can be made");
 }
 
 // What is refused
