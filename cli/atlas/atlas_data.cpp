@@ -4,6 +4,7 @@
 #include "pages/door_model.h"
 #include "pages/unit_list.h"
 #include "rom/number_text.h"
+#include "rom/utf8.h"
 #include "tools/area_settings.h"
 #include "tools/overworld_map.h"
 
@@ -13,9 +14,22 @@ namespace velko {
 
 namespace {
 
+// Links are made of names, and nobody sees a link of blanks.
+bool showsNothing(std::string_view name)
+{
+    return std::ranges::all_of(charactersOf(name), [](char32_t character) {
+        return character <= ' ' || (character >= 0x7F && character <= 0xA0);
+    });
+}
+
+std::string nameOr(const std::string& name, std::string_view kind, std::uint8_t number)
+{
+    return showsNothing(name) ? std::string(kind) + " " + hexText(number) : name;
+}
+
 std::string unitName(const NameLists& names, std::uint8_t type)
 {
-    return type < kUnitTypes ? names.units[type] : "type " + hexText(type);
+    return nameOr(names.hasUnitName(type) ? names.units[type] : "", "type", type);
 }
 
 void collectUnits(EditorState& state, AtlasRoom& room)
@@ -58,7 +72,8 @@ AtlasRoom collectRoom(EditorState& state, std::uint8_t number)
     state.graphics.selectRoom(number);
     AtlasRoom room;
     room.number = number;
-    room.name = state.names.rooms[number];
+    if (const std::string& name = state.names.rooms[number]; !showsNothing(name))
+        room.name = name;
     room.size = state.renderer.roomSize(number);
     room.hasPicture = fitsPng(room.size.width(), room.size.height(), 1);
     collectUnits(state, room);
@@ -92,8 +107,8 @@ std::vector<AtlasArea> collectAreas(EditorState& state)
         if (i <= settings.lastArea()) {
             settings.selectArea(i);
             area.parachute = settings.parachute();
-            if (settings.hasClearItem() && settings.clearItem())
-                area.clearItem = state.names.items[*settings.clearItem()];
+            if (const auto item = settings.clearItem(); item && settings.hasClearItem())
+                area.clearItem = nameOr(state.names.items[*item], "item", *item);
         }
         areas.push_back(std::move(area));
     }

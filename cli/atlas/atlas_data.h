@@ -10,7 +10,8 @@
 
 namespace velko {
 
-// What an atlas tells of a game, apart from its pictures. Names are the bytes of the name lists.
+// What an atlas tells of a game, apart from its pictures. Names are the bytes of the name lists; a
+// unit or an item without one is called "type 1f" or "item 1f".
 
 // A placed unit, in room pixels; position and number are those of the unit placement page.
 struct AtlasUnit {
@@ -40,7 +41,7 @@ struct AtlasRoom {
     static constexpr std::size_t kMostUnits = 256;
 
     std::uint8_t number = 0;
-    std::string name;
+    std::string name; // empty where the module gives none
     RoomSize size;
     bool hasPicture = true; // false for a room too large for one
     std::vector<AtlasUnit> units;

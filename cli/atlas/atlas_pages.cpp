@@ -77,7 +77,8 @@ std::string pictureSection(const AtlasRoom& room)
     if (!room.hasPicture)
         return "<p>This room is too large for a picture.</p>\n";
     MarkedPicture picture{roomFileName(room.number, ".png"),
-                          "Map of " + roomLabel(room.number),
+                          "Map of " + roomLabel(room.number)
+                              + (room.name.empty() ? "" : ", " + room.name),
                           room.size.width(),
                           room.size.height(),
                           room.size.width() <= kWidestEnlarged ? 2U : 1U,
@@ -184,7 +185,7 @@ std::string indexPage(const AtlasData& atlas)
 std::string roomPage(const AtlasData& atlas, std::size_t index)
 {
     const AtlasRoom& room = atlas.rooms[index];
-    const std::string title = "Room " + roomFileDigits(room.number) + ": " + escapeHtml(room.name);
+    const std::string title = roomHeading(room);
     const std::string size = std::to_string(room.size.columns) + " &times; "
         + count(room.size.rows, "screen", "screens");
     return wholePage(atlas, AtlasPage::kRoom, title + " (" + escapeHtml(atlas.title) + ")",

@@ -1,4 +1,5 @@
 #include "cli/atlas/atlas_pages.h"
+#include "cli/atlas/html.h"
 #include "cli/atlas/page_parts.h"
 #include "cli/atlas/room_graph.h"
 
@@ -141,7 +142,8 @@ std::string graphPage(const AtlasData& atlas)
             html += "<li>" + roomCard(atlas.rooms[room]) + "</li>\n";
         html += "</ul>\n";
     }
-    return wholePage(atlas, AtlasPage::kGraph, "Graph of rooms", "", html);
+    return wholePage(atlas, AtlasPage::kGraph, "Graph of rooms (" + escapeHtml(atlas.title) + ")",
+                     "", html);
 }
 
 } // namespace velko

@@ -3,6 +3,7 @@
 #include "cli/atlas/atlas_pages.h"
 #include "cli/atlas/html.h"
 #include "cli/room_picture.h"
+#include "rom/utf8.h"
 
 #include <algorithm>
 
@@ -10,7 +11,9 @@ namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kLabelSize = 12; // of the names on a picture, in pixels of the page
+// Pixels of the page.
+constexpr std::uint32_t kLabelSize = 12; // of the names on a picture
+constexpr std::uint32_t kFrameGap = 2;
 
 std::string navigationLink(std::string_view file, std::string_view text, bool isCurrent)
 {
@@ -20,37 +23,46 @@ std::string navigationLink(std::string_view file, std::string_view text, bool is
     return (link += text) += "</a>\n";
 }
 
-std::string frame(const Mark& mark, std::string_view attributes)
+std::string frame(const MarkedPicture& picture, const Mark& mark, std::string_view attributes)
 {
-    return "<rect" + std::string(attributes) + attribute("x", mark.x) + attribute("y", mark.y)
-        + attribute("width", mark.size) + attribute("height", mark.size) + "/>";
+    // Around what it marks, which small frames would hide.
+    const int gap = static_cast<int>(kFrameGap / picture.scale);
+    const int size = mark.size + 2 * gap;
+    return "<rect" + std::string(attributes) + attribute("x", mark.x - gap)
+        + attribute("y", mark.y - gap) + attribute("width", size) + attribute("height", size)
+        + "/>";
 }
 
-// The name above or below the frame; at the sides of the picture it leans inwards.
+// The name above or below the frame, wherever there is room for it; at the sides of the picture it
+// leans inwards.
 std::string nameOnPicture(const MarkedPicture& picture, const Mark& mark)
 {
     const int size = static_cast<int>(kLabelSize / picture.scale);
     const int width = static_cast<int>(picture.width);
+    const int height = static_cast<int>(picture.height);
     const int middle = mark.x + mark.size / 2;
-    const int reach = size * 3; // about half of a usual name
+    // Half of the name: letters are about six tenths as wide as high.
+    const int reach = static_cast<int>(charactersOf(mark.name).size()) * size * 3 / 10;
     const bool atLeft = middle < reach;
-    const bool atRight = middle > width - reach;
+    const bool atRight = !atLeft && middle > width - reach;
     const int x = atLeft ? std::max(mark.x, 2)
         : atRight        ? std::min(mark.x + mark.size, width - 2)
                          : middle;
-    const int y = mark.nameBelow ? mark.y + mark.size + size : mark.y - size / 4;
-    return "<text" + attribute("x", x) + attribute("y", y)
+    const int above = mark.y - size / 4;
+    const int below = mark.y + mark.size + size;
+    const bool isBelow = mark.nameBelow ? below <= height : above < size;
+    return "<text" + attribute("x", x) + attribute("y", isBelow ? below : above)
         + (atLeft        ? " style=\"text-anchor:start\""
                : atRight ? " style=\"text-anchor:end\""
                          : "")
-        + ">" + escapeHtml(mark.name) + "</text>";
+        + ">" + escapeHtml(mark.name) + "</text>\n";
 }
 
 std::string markOnPicture(const MarkedPicture& picture, const Mark& mark)
 {
-    return "<g id=\"" + mark.id + "\" class=\"mark " + mark.kind + "\"><title>"
-        + escapeHtml(mark.name) + "</title>" + frame(mark, " class=\"under\"") + frame(mark, "")
-        + nameOnPicture(picture, mark) + "</g>\n";
+    return "<g id=\"" + mark.id + "\" class=\"mark " + mark.kind + "\" role=\"img\"><title>"
+        + escapeHtml(mark.name) + "</title>" + frame(picture, mark, " class=\"under\"")
+        + frame(picture, mark, "") + "</g>\n";
 }
 
 } // namespace
@@ -67,8 +79,16 @@ std::string roomFileName(std::uint32_t room, std::string_view extension)
 
 std::string roomTitle(const AtlasRoom& room)
 {
+    if (room.name.empty())
+        return "<span class=\"number\">" + roomHeading(room) + "</span>";
     return "<span class=\"number\">" + roomFileDigits(room.number) + "</span> "
         + escapeHtml(room.name);
+}
+
+std::string roomHeading(const AtlasRoom& room)
+{
+    return "Room " + roomFileDigits(room.number)
+        + (room.name.empty() ? "" : ": " + escapeHtml(room.name));
 }
 
 std::string roomCard(const AtlasRoom& room)
@@ -79,8 +99,8 @@ std::string roomCard(const AtlasRoom& room)
             + attribute("width", room.size.width()) + attribute("height", room.size.height()) + ">"
         : "<span class=\"none\">no picture</span>";
     return "<a class=\"card\" href=\"" + roomFileName(room.number, ".html") + "\" title=\""
-        + roomFileDigits(room.number) + " " + escapeHtml(room.name) + "\">" + picture
-        + "<span class=\"label\">" + roomTitle(room) + "</span></a>";
+        + roomHeading(room) + "\">" + picture + "<span class=\"label\">" + roomTitle(room)
+        + "</span></a>";
 }
 
 std::string markedPicture(const MarkedPicture& picture)
@@ -101,7 +121,11 @@ std::string markedPicture(const MarkedPicture& picture)
         + attribute("font-size", kLabelSize / picture.scale) + ">\n";
     for (const Mark& mark : picture.marks)
         html += markOnPicture(picture, mark);
-    return html + "</svg>\n</div></div>\n";
+    // Above all frames. Who listens instead of looking has heard the frames' titles.
+    html += "<g class=\"names\" aria-hidden=\"true\">\n";
+    for (const Mark& mark : picture.marks)
+        html += nameOnPicture(picture, mark);
+    return html + "</g>\n</svg>\n</div></div>\n";
 }
 
 std::string wholePage(const AtlasData& atlas, AtlasPage page, std::string_view title,
@@ -124,6 +148,7 @@ std::string wholePage(const AtlasData& atlas, AtlasPage page, std::string_view t
 <header><nav aria-label="Atlas">
 )";
     html += navigationLink("index.html", escapeHtml(atlas.title), page == AtlasPage::kIndex);
+    html += navigationLink("index.html#rooms", "Rooms", false);
     html += navigationLink("graph.html", "Graph of rooms", page == AtlasPage::kGraph);
     html += turn;
     html += "</nav></header>\n<main id=\"main\" tabindex=\"-1\">\n";

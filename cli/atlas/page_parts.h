@@ -19,8 +19,10 @@ std::string wholePage(const AtlasData& atlas, AtlasPage page, std::string_view t
 std::string attribute(std::string_view name, long long value);
 // A link that shows a room's picture, number and name.
 std::string roomCard(const AtlasRoom& room);
-// "1f Meadow, the brook".
+// "1f Meadow, the brook"; "Room 1f" of a room without a name.
 std::string roomTitle(const AtlasRoom& room);
+// "Room 1f: Meadow, the brook", or "Room 1f".
+std::string roomHeading(const AtlasRoom& room);
 
 // A frame with a name on a picture, in the picture's pixels.
 struct Mark {
@@ -30,7 +32,7 @@ struct Mark {
     int x = 0;        // the frame's corner
     int y = 0;
     int size = 16;
-    bool nameBelow = false; // so that names of two kinds do not cover one another
+    bool nameBelow = false; // so that names of two kinds seldom cover one another
 };
 // A picture `scale` times as large as its file, with marks on it that can be switched off.
 struct MarkedPicture {

@@ -25,12 +25,14 @@ public:
     }
 
     // Every link of every page leads to a file of the site, and to an id of that page; no id is
-    // there twice; nothing is loaded from elsewhere.
+    // there twice; nothing is loaded from elsewhere; every link has a text to be seen.
     void expectWhole() const
     {
         for (const auto& entry : std::filesystem::directory_iterator(m_folder)) {
-            if (entry.path().extension() == ".html")
-                expectLinksLead(entry.path().filename().string());
+            if (entry.path().extension() != ".html")
+                continue;
+            expectLinksLead(entry.path().filename().string());
+            expectLinksAreSeen(entry.path().filename().string());
         }
     }
 
@@ -62,6 +64,15 @@ private:
                     expectLeads(page, link);
             }
         }
+    }
+
+    void expectLinksAreSeen(const std::string& page) const
+    {
+        static const std::regex link("<a [^>]*>(.*?)</a>");
+        static const std::regex unseen("<[^>]*>|\\s");
+        const std::string html = file(page);
+        for (std::sregex_iterator i(html.begin(), html.end(), link), end; i != end; ++i)
+            EXPECT_NE(std::regex_replace((*i)[1].str(), unseen, ""), "") << page << ": " << (*i)[0];
     }
 
     void expectLeads(const std::string& page, const std::string& link) const

@@ -80,6 +80,7 @@ TEST_F(AtlasTest, RoomPageTellsUnitsAndDoors)
     const std::string html = page("room_02.html");
     EXPECT_THAT(html, HasSubstr("<h1>Room 02: Area 1: Clover Downs, the falls</h1>"));
     EXPECT_THAT(html, HasSubstr("3 &times; 2 screens"));
+    EXPECT_THAT(html, HasSubstr("alt=\"Map of room 2, Area 1: Clover Downs, the falls\""));
     EXPECT_THAT(html, HasSubstr("<title>Hedgehog</title>"));
     EXPECT_THAT(html, HasSubstr("<title>Entrance 1</title>"));
     const auto links = site().values("room_02.html", "href");
@@ -143,6 +144,49 @@ TEST_F(AtlasTest, NamesAreEscaped)
     EXPECT_THAT(page("room_00.html"), HasSubstr("&#x3c;script&#x3e;alert(1)"));
     EXPECT_THAT(page("room_02.html"), HasSubstr("caf&#xe9;"));
     EXPECT_THAT(page("index.html"), HasSubstr("<h1>a &#x26; b</h1>"));
+}
+
+TEST_F(AtlasTest, WhatHasNoNameGoesByItsNumber)
+{
+    const std::string folder = demoCopy();
+    const std::string lists = folder + "/modules/lantern_vale/";
+    saveFile(pathFromUtf8(lists + "roomlist.txt"), bytesOf("\n \xC2\xA0\t\nThe third"));
+    saveFile(pathFromUtf8(lists + "unit.txt"), bytesOf(std::string(200, '\n')));
+    saveFile(pathFromUtf8(lists + "item.txt"), bytesOf(std::string(200, '\n')));
+    ASSERT_EQ(test::runWords({"-C", folder, "atlas", "demo.nes", "-o", path("site")}).status, 0);
+    site().expectWhole();
+    EXPECT_THAT(page("room_00.html"), HasSubstr("<h1>Room 00</h1>"));
+    EXPECT_THAT(page("room_00.html"), HasSubstr("alt=\"Map of room 0\""));
+    EXPECT_THAT(page("room_01.html"), HasSubstr("<h1>Room 01</h1>"));
+    EXPECT_THAT(page("room_02.html"), HasSubstr("<h1>Room 02: The third</h1>"));
+    EXPECT_THAT(page("room_02.html"), HasSubstr("\"><span class=\"number\">Room 01</span></a>"));
+    EXPECT_THAT(page("room_02.html"), HasSubstr("<title>type 28</title>"));
+    EXPECT_THAT(page("index.html"), HasSubstr("cleared by item 1"));
+}
+
+TEST_F(AtlasTest, FilesAreSmallBesideThePictures)
+{
+    ASSERT_EQ(atlas().status, 0);
+    std::uintmax_t pictures = 0;
+    std::uintmax_t others = 0;
+    for (const auto& entry : fs::directory_iterator(pathFromUtf8(path("site")))) {
+        const std::uintmax_t size = entry.file_size();
+        const bool isPicture = entry.path().extension() == ".png";
+        (isPicture ? pictures : others) += size;
+        if (!isPicture) {
+            EXPECT_LE(size, 48U * 1024) << entry.path();
+        }
+    }
+    EXPECT_LT(others, pictures);
+}
+
+TEST_F(AtlasTest, NothingIsFetchedByStyleOrScript)
+{
+    ASSERT_EQ(atlas().status, 0);
+    for (const char* const word : {"http", "url(", "@import", "import(", "fetch", "//cdn"}) {
+        EXPECT_THAT(page("atlas.css"), Not(HasSubstr(word)));
+        EXPECT_THAT(page("atlas.js"), Not(HasSubstr(word)));
+    }
 }
 
 TEST_F(AtlasTest, RoomThatIsTooLargeHasAPageWithoutAPicture)

@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # atlas_in_browser.sh CHROMIUM VELKO_CLI DEMO: writes the demo's atlas and opens pages of it in
 # headless Chromium, straight from disk. There must be no message on the console, no request to
-# anywhere but the site's own files, no link that leads nowhere, and no picture that stays empty; the
-# arrow keys must turn the pages. A probe that is put into a copy of each page tells what the browser
-# made of it.
+# anywhere but the site's own files, no link that leads nowhere, and no picture that stays empty. A
+# probe that is put into a copy of each page tells what the browser made of it.
 set -euo pipefail
 chromium=$1
 cli=$2
@@ -69,18 +68,8 @@ check_page() {
     echo "$1: $(grep -c '^LINK' "$work/lines") links"
 }
 
-# turned_title PAGE KEY: the title of the page that a key leads to.
-turned_title() {
-    probe "$1" "document.body.dispatchEvent(new KeyboardEvent('keydown', {key: '$2', bubbles: true}));"
-    sed -n 's/.*<title>\(Room [0-9a-f]*\):.*<\/title>.*/\1/p' "$work/dom" | head -n 1
-}
-
 check_page index.html
 check_page graph.html
 check_page room_00.html
 check_page room_20.html
 check_page room_3e.html
-[ "$(turned_title room_20.html ArrowRight)" = "Room 21" ] || fail "the right arrow does not turn"
-[ "$(turned_title room_20.html ArrowLeft)" = "Room 1f" ] || fail "the left arrow does not turn"
-[ "$(turned_title room_00.html ArrowLeft)" = "Room 00" ] || fail "there is no room before the first"
-echo "the arrow keys turn the pages"
