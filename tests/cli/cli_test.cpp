@@ -45,14 +45,6 @@ TEST_F(CliTest, HelpGoesToStandardOutput)
     EXPECT_THAT(outcome.out, HasSubstr("info"));
 }
 
-TEST_F(CliTest, HelpOfAVerb)
-{
-    const auto outcome = runWords({"info", "--help"});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.out, HasSubstr("velko-cli info"));
-    EXPECT_THAT(outcome.out, HasSubstr("--json"));
-}
-
 TEST_F(CliTest, Version)
 {
     const auto outcome = runWords({"--version"});

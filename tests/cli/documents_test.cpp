@@ -1,6 +1,7 @@
 #include "cli/command_line.h"
 #include "cli/completions.h"
 #include "cli/manual_page.h"
+#include "tests/cli/cli_fixture.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -57,6 +58,25 @@ TEST_F(Documents, ManualListsEveryVerbAndOption)
                 EXPECT_THAT(text, HasSubstr("--" + name)) << path;
             for (const std::string& name : option->get_snames())
                 EXPECT_THAT(text, HasSubstr("-" + name)) << path;
+        }
+    });
+}
+
+TEST_F(Documents, HelpOfEveryVerbTellsItsArguments)
+{
+    forEachCommand(line.app(), "", [](const std::string& path, const CLI::App& command) {
+        std::istringstream verbs(path);
+        std::vector<std::string> words{std::istream_iterator<std::string>(verbs), {}};
+        words.emplace_back("--help");
+        const test::CliOutcome outcome = test::runWords(words);
+        EXPECT_EQ(outcome.status, 0) << path;
+        EXPECT_EQ(outcome.err, "") << path;
+        EXPECT_THAT(outcome.out, HasSubstr(command.get_description())) << path;
+        for (const CLI::App* inner : command.get_subcommands([](const CLI::App*) { return true; }))
+            EXPECT_THAT(outcome.out, HasSubstr("\n  " + inner->get_name() + " ")) << path;
+        for (const CLI::Option* option : command.get_options()) {
+            EXPECT_THAT(outcome.out, HasSubstr("\n  " + option->get_name(true, true))) << path;
+            EXPECT_THAT(outcome.out, HasSubstr(option->get_description())) << path;
         }
     });
 }

@@ -213,6 +213,19 @@ TEST_F(ModuleVerb, MissingKeys)
             "2:29 missing-key pahMapAreaMovement.dBank", "3:1 missing-key phMapScreenData"));
 }
 
+TEST_F(ModuleVerb, MissingKeyOfTheTopLevelHasNoPlace)
+{
+    const auto folder = fs::path(write("data.yaml", "miscData: {rooms: 3}\n")).parent_path();
+    const auto outcome = run({"module", utf8FromPath(folder)});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out,
+                StartsWith(path("data.yaml")
+                           + ": missing-key: levelPointerArrayHandlers is never given\n"));
+    EXPECT_THAT(
+        outcome.out,
+        HasSubstr(path("data.yaml") + ":1:1: missing-key: areas is never given in miscData\n"));
+}
+
 TEST_F(ModuleVerb, OnlyTheLayoutsTableMustTellItsStride)
 {
     constexpr std::string_view kText =
