@@ -2,6 +2,12 @@
 
 namespace velko {
 
+namespace {
+
+constexpr std::string_view kNoAnswer = "--answer is needed: ";
+
+} // namespace
+
 void AnsweringPrompt::showMessage(std::string_view text, MessageIcon)
 {
     m_messages.emplace_back(text);
@@ -11,8 +17,10 @@ void AnsweringPrompt::showMessage(std::string_view text, MessageIcon)
 bool AnsweringPrompt::askYesNo(std::string_view text, MessageIcon)
 {
     const auto answer = nextAnswer();
-    if (!answer || *answer == YesNoCancel::kCancel)
-        decline(text);
+    if (!answer)
+        decline(kNoAnswer, text);
+    else if (*answer == YesNoCancel::kCancel)
+        decline("cancel is no answer to: ", text);
     return answer == YesNoCancel::kYes;
 }
 
@@ -20,7 +28,7 @@ YesNoCancel AnsweringPrompt::askYesNoCancel(std::string_view text, MessageIcon)
 {
     const auto answer = nextAnswer();
     if (!answer)
-        decline(text);
+        decline(kNoAnswer, text);
     return answer.value_or(YesNoCancel::kCancel);
 }
 
@@ -28,7 +36,7 @@ bool AnsweringPrompt::confirm(std::string_view text, std::string_view)
 {
     const auto answer = nextAnswer();
     if (!answer)
-        decline(text);
+        decline(kNoAnswer, text);
     return answer == YesNoCancel::kYes;
 }
 
@@ -44,10 +52,10 @@ std::optional<YesNoCancel> AnsweringPrompt::nextAnswer()
     return word == "no" ? YesNoCancel::kNo : YesNoCancel::kCancel;
 }
 
-void AnsweringPrompt::decline(std::string_view question)
+void AnsweringPrompt::decline(std::string_view reason, std::string_view question)
 {
-    if (!m_unanswered)
-        m_unanswered = std::string(question);
+    if (!m_objection)
+        m_objection = std::string(reason).append(question);
 }
 
 } // namespace velko

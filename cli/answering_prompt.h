@@ -12,15 +12,16 @@ namespace velko {
 
 // Answers the questions of an operation with words of the command line: "yes", "no" or "cancel",
 // one after the other; the last one holds for all further questions. A question that no word
-// answers is declined, and the operation is not to be taken for done.
+// answers, or one that it cannot be answered with, is declined, and the operation is not to be
+// taken for done.
 class AnsweringPrompt : public UserPrompt {
 public:
     explicit AnsweringPrompt(std::span<const std::string> answers) : m_answers(answers) { }
 
     // What was told, in order.
     const std::vector<std::string>& messages() const { return m_messages; }
-    // The first question without an answer, if there was one.
-    const std::optional<std::string>& unanswered() const { return m_unanswered; }
+    // What is wrong with the answer to the first question that was declined, if one was.
+    const std::optional<std::string>& objection() const { return m_objection; }
 
     void showMessage(std::string_view text, MessageIcon icon) override;
     bool askYesNo(std::string_view text, MessageIcon icon) override;
@@ -31,11 +32,11 @@ protected:
 
 private:
     std::optional<YesNoCancel> nextAnswer();
-    void decline(std::string_view question);
+    void decline(std::string_view reason, std::string_view question);
 
     std::span<const std::string> m_answers; // those still to give
     std::vector<std::string> m_messages;
-    std::optional<std::string> m_unanswered;
+    std::optional<std::string> m_objection;
 };
 
 } // namespace velko

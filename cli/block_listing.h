@@ -10,11 +10,12 @@
 
 namespace velko {
 
-// Where the block of a room is, and which other rooms have the same pointer.
+// Where the block of a room is, and which other entries of the table have the same pointer: rooms,
+// and entries behind those of the rooms.
 struct ListedBlock {
     std::uint32_t room = 0;
-    std::uint16_t pointer = 0;
-    std::uint32_t length = 0; // bytes
+    std::optional<std::uint16_t> pointer; // nothing when it lies past the end of the file
+    std::uint32_t length = 0;             // bytes; 0 without a pointer
     std::vector<std::uint32_t> sharedWith;
 };
 

@@ -3,6 +3,7 @@
 #include "cli/answering_prompt.h"
 #include "cli/arguments.h"
 #include "cli/block_listing.h"
+#include "cli/file_offsets.h"
 #include "cli/game.h"
 #include "cli/output_file.h"
 #include "pages/data_management_model.h"
@@ -19,6 +20,8 @@ namespace {
 // In the order of RoomDataKind.
 constexpr std::array<const char*, kRoomDataKinds> kKindNames = {"alloc", "layout", "tile32",
                                                                 "tiles", "palette"};
+
+constexpr const char* kPastEnd = " lies past the end of the file";
 
 enum class Operation : std::uint8_t {
     kList,
@@ -75,6 +78,8 @@ private:
                                       bool isNeeded) const;
     ExitStatus show(const Context& context, const EditorState& state) const;
     ExitStatus change(const Context& context, EditorState& state, Operation operation) const;
+    // What of it lies past the end of the file, where all reads as filler.
+    std::optional<std::string> missingPart(const EditorState& state, Operation operation) const;
     // Runs it as the window does. Returns false when it was refused.
     bool perform(DataManagementModel& model, Operation operation) const;
 
@@ -184,6 +189,8 @@ ExitStatus DataVerb::run(const Context& context)
 
 ExitStatus DataVerb::show(const Context& context, const EditorState& state) const
 {
+    if (const auto part = missingPart(state, Operation::kShow))
+        return context.fail(*part + kPastEnd, ExitStatus::kFindings);
     const BlockKind& blocks = blockKind(kind());
     const std::int32_t freeSpace = (state.store.*blocks.handler).freeSpace();
     const auto write = m_json ? writeListingAsJson : writeListing;
@@ -191,16 +198,46 @@ ExitStatus DataVerb::show(const Context& context, const EditorState& state) cons
     return ExitStatus::kFine;
 }
 
+std::optional<std::string> DataVerb::missingPart(const EditorState& state,
+                                                 Operation operation) const
+{
+    const BlockKind& blocks = blockKind(kind());
+    const PointerArrayHandler& handler = state.store.*blocks.handler;
+    for (const auto& room : {m_room, m_from}) {
+        if (!room)
+            continue;
+        if (!liesInFile(state.rom, entryOffsets(handler, *room)))
+            return "the pointer of room " + hexText(*room);
+        const bool usesBlock = operation == Operation::kClone || operation == Operation::kDelete;
+        const std::uint32_t length = usesBlock ? blocks.length(handler, *room) : 0;
+        if (!liesInFile(state.rom, blockOffsets(handler, *room, length)))
+            return "the block of room " + hexText(*room);
+    }
+    const bool isForAll = operation == Operation::kDeleteUnused || operation == Operation::kJoin;
+    const std::int32_t entries = isForAll ? handler.entryCount() : 0;
+    for (std::int32_t entry = 0; entry < entries; ++entry) {
+        if (!liesInFile(state.rom, entryOffsets(handler, static_cast<std::uint32_t>(entry))))
+            return "the table of pointers";
+    }
+    return std::nullopt;
+}
+
 ExitStatus DataVerb::change(const Context& context, EditorState& state, Operation operation) const
 {
+    if (const auto part = missingPart(state, operation))
+        return context.fail(*part + kPastEnd, ExitStatus::kFindings);
     state.graphics.selectRoom(static_cast<std::uint8_t>(m_room.value_or(0)));
     AnsweringPrompt prompt(m_answers);
     DataManagementModel model(state, prompt);
-    const bool isDone = perform(model, operation) && !prompt.unanswered();
+    const bool isDone = perform(model, operation) && !prompt.objection();
+    // Whatever the operation tells, it was not done as a whole.
+    if (state.rom.droppedWrites() > 0)
+        return context.fail("a part of what " + m_operation + " changes" + kPastEnd,
+                            ExitStatus::kFindings);
     for (const std::string& message : prompt.messages())
         (isDone ? context.out() : context.err()) << oneLine(message) << '\n';
-    if (prompt.unanswered())
-        return context.fail("--answer is needed: " + *prompt.unanswered(), ExitStatus::kFindings);
+    if (prompt.objection())
+        return context.fail(*prompt.objection(), ExitStatus::kFindings);
     if (!isDone)
         return context.fail("nothing was changed", ExitStatus::kFindings);
     if (const auto reason = writeFile(context.path(m_output), state.rom.bytes()))

@@ -17,6 +17,7 @@ void RomImage::setPath(std::filesystem::path path)
 void RomImage::setBytes(std::vector<std::uint8_t> bytes)
 {
     m_bytes = std::move(bytes);
+    m_droppedWrites = 0;
 }
 
 void RomImage::readBlock(std::uint32_t offset, std::span<std::uint8_t> block) const
@@ -38,9 +39,10 @@ void RomImage::readBlock(std::uint32_t offset, std::span<std::uint8_t> block) co
 
 void RomImage::moveBytes(std::uint32_t to, std::uint32_t from, std::uint32_t count)
 {
-    if (to >= size())
+    const std::uint32_t kept = to < size() ? std::min(count, size() - to) : 0;
+    m_droppedWrites += count - kept;
+    if (kept == 0)
         return;
-    const std::uint32_t kept = std::min(count, size() - to);
     const std::uint32_t inside = from < size() ? std::min(kept, size() - from) : 0;
     if (inside != 0)
         std::memmove(&m_bytes[to], &m_bytes[from], inside);
@@ -50,7 +52,7 @@ void RomImage::moveBytes(std::uint32_t to, std::uint32_t from, std::uint32_t cou
 bool RomImage::load()
 {
     // Released before the new file is read: a failure must not leave the old game behind.
-    m_bytes = {};
+    setBytes({});
     auto file = loadFile(m_path);
     if (!file)
         return false;

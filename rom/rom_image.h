@@ -44,11 +44,17 @@ public:
     {
         if (offset < m_bytes.size())
             m_bytes[offset] = value;
+        else
+            ++m_droppedWrites;
     }
 
     // Copies `count` bytes from `from` to `to`, as if through a buffer, so the two ranges may
     // overlap. Bytes past the end read as kPastEnd; those that would land there are dropped.
     void moveBytes(std::uint32_t to, std::uint32_t from, std::uint32_t count);
+
+    // How many bytes were dropped since the image was last replaced: other than 0, what was asked
+    // for is done in part or not at all. Windows go on all the same; what runs unattended asks.
+    std::uint64_t droppedWrites() const { return m_droppedWrites; }
 
     // The file that was opened or last saved as; empty before the first file dialog.
     const std::filesystem::path& path() const { return m_path; }
@@ -67,6 +73,7 @@ public:
 private:
     std::filesystem::path m_path;
     std::vector<std::uint8_t> m_bytes;
+    std::uint64_t m_droppedWrites = 0;
 };
 
 } // namespace velko

@@ -94,6 +94,22 @@ TEST(RomImage, WritePastEndIsDropped)
     EXPECT_EQ(copyOf(rom), (Bytes{1, 2, 3}));
 }
 
+TEST(RomImage, DroppedWritesAreCountedUntilTheImageIsReplaced)
+{
+    RomImage rom;
+    rom.setBytes({1, 2, 3});
+    rom.writeByte(2, 0xAB);
+    EXPECT_EQ(rom.droppedWrites(), 0U);
+    rom.writeByte(3, 0xAB);
+    EXPECT_EQ(rom.droppedWrites(), 1U);
+    rom.moveBytes(1, 0, 4); // offsets 3 and 4 are past the end
+    EXPECT_EQ(rom.droppedWrites(), 3U);
+    rom.moveBytes(9, 0, 5);
+    EXPECT_EQ(rom.droppedWrites(), 8U);
+    rom.setBytes({1, 2, 3});
+    EXPECT_EQ(rom.droppedWrites(), 0U);
+}
+
 TEST(RomImage, MovedRangesMayOverlap)
 {
     RomImage rom;
@@ -136,6 +152,7 @@ RC_GTEST_PROP(RomImageProperty, MovingIsReadingAllAndThenWritingAll,
     moved.setBytes(bytes);
     moved.moveBytes(to, from, count);
     RC_ASSERT(copyOf(moved) == copyOf(byLoop));
+    RC_ASSERT(moved.droppedWrites() == byLoop.droppedWrites());
 }
 
 TEST(RomImage, SaveWritesEveryByteAndLoadReadsThemBack)
