@@ -1,10 +1,9 @@
 #include "cli/field.h"
 
 #include "cli/arguments.h"
+#include "cli/field_parts.h"
 
-#include <array>
 #include <cctype>
-#include <vector>
 
 namespace velko {
 
@@ -61,13 +60,23 @@ std::optional<std::vector<std::uint32_t>> match(const std::vector<Word>& pattern
 
 } // namespace
 
+std::vector<FieldRule> fieldRules()
+{
+    std::vector<FieldRule> all;
+    for (const std::span<const FieldRule> rules :
+         {settingsFieldRules(), mapFieldRules(), tile32FieldRules(), lookFieldRules(),
+          unitFieldRules(), doorFieldRules(), pointerFieldRules(), areaFieldRules(),
+          overworldFieldRules()})
+        all.insert(all.end(), rules.begin(), rules.end());
+    return all;
+}
+
 FieldResult findField(EditorState& state, std::string_view name)
 {
     const std::vector<Word> words = wordsOf(name);
-    for (const std::span<const FieldRule> rules : {roomFieldRules(), worldFieldRules()})
-        for (const FieldRule& rule : rules)
-            if (const auto numbers = match(wordsOf(rule.pattern), words))
-                return rule.find(state, *numbers);
+    for (const FieldRule& rule : fieldRules())
+        if (const auto numbers = match(wordsOf(rule.pattern), words))
+            return rule.find(state, *numbers);
     return "there is no field of the form \"" + std::string(name) + "\"";
 }
 

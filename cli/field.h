@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/file_offsets.h"
 #include "state/editor_state.h"
 
 #include <cstdint>
@@ -9,19 +10,27 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace velko {
 
 // A value of the game that a name tells. It refers to the state that it was found in.
 struct Field {
+    // Why a value was refused, if it was.
+    using Refusal = std::optional<std::string>;
+
     std::uint32_t value = 0;
     // What may be written: the numbers that the windows offer.
     std::uint32_t smallest = 0;
     std::uint32_t largest = 0xFF;
     std::uint32_t step = 1;                 // counted from 0
     std::optional<std::uint32_t> also = {}; // a number besides
-    // Writes a value that allows() into the ROM image. Empty where the value can only be read.
-    std::function<void(std::uint32_t)> set = {};
+    // The bytes that tell the value, and those that tell where they lie. Of a field with any of
+    // them past the end of the file the value means nothing.
+    FileOffsets bytes = {};
+    // Writes a value that allows() into the ROM image; of a refused one nothing. Empty where the
+    // value can only be read.
+    std::function<Refusal(std::uint32_t)> set = {};
 
     bool allows(std::uint32_t number) const
     {
@@ -42,9 +51,8 @@ struct FieldRule {
     FieldResult (*find)(EditorState& state, FieldNumbers numbers);
 };
 
-// What the names of rooms, and those of the overworld, can tell.
-std::span<const FieldRule> roomFieldRules();
-std::span<const FieldRule> worldFieldRules();
+// All kinds of fields, in the order of the documentation.
+std::vector<FieldRule> fieldRules();
 
 // The field of a name like "room.12.palette.5": words and hexadecimal numbers between dots, two
 // numbers of one word between commas. Selects the room that it names.

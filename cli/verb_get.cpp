@@ -18,10 +18,16 @@ CLI::Option* addField(CLI::App& command, std::string& name)
 {
     return command
         .add_option("FIELD", name,
-                    "The value's name, like room.12.palette.5; all numbers are "
+                    "The value's name, like room.12.palette.5; the numbers in it are "
                     "hexadecimal and counted from 0")
         ->required()
         ->type_name("");
+}
+
+// Its bytes would read as filler, and take nothing.
+ExitStatus failPastEnd(const Context& context, const std::string& name)
+{
+    return context.fail(name + " lies past the end of the file", ExitStatus::kFindings);
 }
 
 class GetVerb : public Verb {
@@ -42,6 +48,8 @@ public:
         if (const auto* reason = std::get_if<std::string>(&result))
             return context.fail(m_name + ": " + *reason);
         const auto& field = std::get<Field>(result);
+        if (!liesInFile(state.rom, field.bytes))
+            return failPastEnd(context, m_name);
         if (m_json)
             writeJson(context.out(), Json{{"field", m_name}, {"value", field.value}});
         else
@@ -85,29 +93,25 @@ public:
         if (const auto* reason = std::get_if<std::string>(&result))
             return context.fail(m_name + ": " + *reason);
         const auto& field = std::get<Field>(result);
+        if (!liesInFile(state.rom, field.bytes))
+            return failPastEnd(context, m_name);
         if (!field.set)
             return context.fail(m_name + " can only be read", ExitStatus::kFindings);
         if (!field.allows(*m_value))
             return context.fail(m_name + " takes " + boundsText(field) + ", not "
                                     + hexText(*m_value),
                                 ExitStatus::kFindings);
-        field.set(*m_value);
-        if (!holdsNow(state))
-            return context.fail(m_name + " lies past the end of the file", ExitStatus::kFindings);
+        if (const auto refusal = field.set(*m_value))
+            return context.fail(m_name + ": " + *refusal, ExitStatus::kFindings);
+        // The value may be there, and what changes along with it may not.
+        if (state.rom.droppedWrites() > 0)
+            return failPastEnd(context, "a part of what setting " + m_name + " changes");
         if (const auto reason = writeFile(context.path(m_output), state.rom.bytes()))
             return context.fail(*reason);
         return ExitStatus::kFine;
     }
 
 private:
-    // A write past the end of the image is dropped.
-    bool holdsNow(EditorState& state) const
-    {
-        const FieldResult result = findField(state, m_name);
-        const auto* field = std::get_if<Field>(&result);
-        return field == nullptr || field->value == *m_value;
-    }
-
     std::string m_rom;
     std::string m_name;
     std::optional<std::uint32_t> m_value;

@@ -178,16 +178,22 @@ void MapEditModel::applyLeft(Point point)
     const std::optional<Cell> cell = cellAt(point);
     if (!cell)
         return;
-    if (cell->position == 0) {
-        m_status = kFirstScreenStatus;
-    } else if (cell->position >= m_screens.count()) {
-        m_status = kBadPositionStatus;
-    } else {
-        const MetatileCell value = m_screens.at(cell->position).cell(cell->index);
-        m_screens.setCell(cell->position, cell->index, painted(value));
-        m_modified = true;
-        pack();
+    const bool exists = cell->position < m_screens.count();
+    const MetatileCell old =
+        exists ? m_screens.at(cell->position).cell(cell->index) : MetatileCell{};
+    setCell(cell->position, cell->index, painted(old));
+}
+
+bool MapEditModel::setCell(std::uint32_t position, std::size_t cell, const MetatileCell& value)
+{
+    if (position == 0 || position >= m_screens.count()) {
+        m_status = position == 0 ? kFirstScreenStatus : kBadPositionStatus;
+        return false;
     }
+    m_screens.setCell(position, cell, value);
+    m_modified = true;
+    pack();
+    return true;
 }
 
 void MapEditModel::applyRight(Point point)

@@ -92,6 +92,9 @@ public:
     // On the map view: changes what the mode tells of the cell, which marks the room as modified.
     // The room's first screen is protected, and positions past its list have no cells.
     void applyLeft(Point point);
+    // The same for a cell (row x 16 + column) of the screen at a position of the list. Returns
+    // false, changing nothing but statusText(), where applyLeft() changes nothing.
+    bool setCell(std::uint32_t position, std::size_t cell, const MetatileCell& value);
     // The right button on the map view: selects what the mode tells of the cell.
     void applyRight(Point point);
 

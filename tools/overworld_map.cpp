@@ -65,20 +65,22 @@ void OverworldMap::placePreset(OverworldCell cell, std::uint32_t preset)
     setTile({cell.column + 1, cell.row + 1}, tiles[3]);
 }
 
+std::uint32_t OverworldMap::paletteOffset(OverworldCell cell) const
+{
+    return m_config.value(MiscField::ptrMapAttributeTable) + attributePlace(cell).byte;
+}
+
 int OverworldMap::palette(OverworldCell cell) const
 {
-    const AttributePlace place = attributePlace(cell);
-    const std::uint8_t byte =
-        m_rom.readByte(m_config.value(MiscField::ptrMapAttributeTable) + place.byte);
-    return (byte >> place.shift) & 3;
+    return (m_rom.readByte(paletteOffset(cell)) >> attributePlace(cell).shift) & 3;
 }
 
 void OverworldMap::setPalette(OverworldCell cell, int palette)
 {
-    const AttributePlace place = attributePlace(cell);
-    const std::uint32_t offset = m_config.value(MiscField::ptrMapAttributeTable) + place.byte;
-    const int others = m_rom.readByte(offset) & ~(3 << place.shift);
-    m_rom.writeByte(offset, static_cast<std::uint8_t>(others | (palette & 3) << place.shift));
+    const std::uint32_t offset = paletteOffset(cell);
+    const int shift = attributePlace(cell).shift;
+    const int others = m_rom.readByte(offset) & ~(3 << shift);
+    m_rom.writeByte(offset, static_cast<std::uint8_t>(others | (palette & 3) << shift));
 }
 
 std::array<std::uint8_t, OverworldMap::kPaletteBytes> OverworldMap::paletteBytes() const

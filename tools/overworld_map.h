@@ -61,6 +61,12 @@ public:
     // The low two bits of `palette` count. The other three palettes of the byte stay.
     void setPalette(OverworldCell cell, int palette);
 
+    // File offsets of the byte of a cell's tile and of the one that holds its palette, and of the
+    // two bytes of an area's position.
+    std::uint32_t tileOffset(OverworldCell cell) const;
+    std::uint32_t paletteOffset(OverworldCell cell) const;
+    std::uint32_t areaOffset(std::uint32_t area) const;
+
     // The colour numbers of all palettes.
     std::array<std::uint8_t, kPaletteBytes> paletteBytes() const;
 
@@ -80,9 +86,6 @@ public:
     std::uint32_t presetCount() const;
 
 private:
-    std::uint32_t tileOffset(OverworldCell cell) const;
-    std::uint32_t areaOffset(std::uint32_t area) const;
-
     RomImage& m_rom;
     const GameConfig& m_config;
 };

@@ -62,14 +62,19 @@ std::uint32_t TruckMovementRegion::usedEnd() const
     return (size - static_cast<std::uint32_t>(m_freeBytes)) & 0xFFFF;
 }
 
+std::uint32_t TruckMovementRegion::phaseOffset(std::uint32_t patternSet, std::uint32_t index) const
+{
+    return dataOffset(pointer(patternSet) + index);
+}
+
 std::uint8_t TruckMovementRegion::phase(std::uint32_t patternSet, std::uint32_t index) const
 {
-    return m_rom.readByte(dataOffset(pointer(patternSet) + index));
+    return m_rom.readByte(phaseOffset(patternSet, index));
 }
 
 void TruckMovementRegion::setPhase(std::uint32_t index, std::uint8_t value)
 {
-    m_rom.writeByte(dataOffset(pointer(m_currentSet) + index), value);
+    m_rom.writeByte(phaseOffset(m_currentSet, index), value);
 }
 
 std::uint32_t TruckMovementRegion::lastPhase(std::uint32_t patternSet) const

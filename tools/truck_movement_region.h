@@ -46,6 +46,9 @@ public:
     std::uint8_t phase(std::uint32_t patternSet, std::uint32_t index) const;
     std::uint8_t phase(std::uint32_t index) const { return phase(m_currentSet, index); }
     void setPhase(std::uint32_t index, std::uint8_t value);
+    // File offsets of a set's byte in the pointer table, and of one of its phases.
+    std::uint32_t pointerOffset(std::uint32_t patternSet) const;
+    std::uint32_t phaseOffset(std::uint32_t patternSet, std::uint32_t index) const;
     // The first phase with bit 7 set, at most kMostPhases - 1.
     std::uint32_t lastPhase(std::uint32_t patternSet) const;
     std::uint32_t lastPhase() const { return lastPhase(m_currentSet); }
@@ -61,7 +64,6 @@ public:
 
 private:
     std::uint32_t fileOffset(std::uint32_t cpuAddress) const;
-    std::uint32_t pointerOffset(std::uint32_t patternSet) const;
     // File offset of a position in the data region.
     std::uint32_t dataOffset(std::uint32_t position) const;
     // The position behind the last used byte.

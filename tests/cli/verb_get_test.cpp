@@ -95,6 +95,7 @@ TEST_F(GetVerbTest, SetChangesJustItsBytes)
     EXPECT_EQ(set("room.0.unit.2.screenx", "1"), Offsets{offset(12, 0x8200 + 5 * 2 + 2)});
     EXPECT_EQ(set("room.0.layout.0,1", "1"), Offsets{offset(10, 0x9002)});
     EXPECT_EQ(set("room.0.screen.1", "8700"), (Offsets{offset(10, 0x8002), offset(10, 0x8003)}));
+    EXPECT_EQ(set("room.0.screen.1.index", "0"), Offsets{offset(10, 0x8002)}); // 8600
 }
 
 TEST_F(GetVerbTest, TakingAChambersItemTakesItsAddressToo)
@@ -122,6 +123,18 @@ TEST_F(GetVerbTest, ValuesThatNoWindowOffersAreRefused)
     expectRefused("room.0.slot.0.bank", "4", "room.0.slot.0.bank takes 0 to 3, not 4");
     expectRefused("room.0.width", "3", "room.0.width can only be read");
     expectRefused("room.0.layout.0,0", "fe", "room.0.layout.0,0 takes 0 to 4, not fe");
+    expectRefused("room.20.entrance.0.screenx", "9",
+                  "room.20.entrance.0.screenx takes 0 to 8, not 9"); // 8 x 4 screens
+    expectRefused("room.20.entrance.0.screeny", "4",
+                  "room.20.entrance.0.screeny takes 0 to 3, not 4");
+    expectRefused("room.20.entrance.0.y", "f", "room.20.entrance.0.y takes 0 to e, not f");
+    expectRefused("room.20.tile32.0.tile.0,0", "5",
+                  "room.20.tile32.0.tile.0,0 takes 0 to fc, multiples of 4, not 5");
+    expectRefused("room.20.screen.1.tile32.0,0", "92",
+                  "room.20.screen.1.tile32.0,0 takes 0 to 91, not 92");
+    expectRefused("room.20.screen.0.tile32.0,0", "1",
+                  "room.20.screen.0.tile32.0,0 can only be read");
+    expectRefused("room.0.slot.0.pixel.0,0", "4", "room.0.slot.0.pixel.0,0 takes 0 to 3, not 4");
 }
 
 TEST_F(GetVerbTest, WhatTheGameDoesNotHaveIsWrongUse)
@@ -140,6 +153,13 @@ TEST_F(GetVerbTest, WhatTheGameDoesNotHaveIsWrongUse)
         {"area.d.x", "there is no area d"},
         {"truck.8.area", "there is no truck 8"},
         {"pattern.c.0", "there is no pattern c"},
+        {"room.0.screen.0.tile.f,0", "a screen has f rows of 10 cells"},
+        {"room.0.screen.0.tile32.8,0", "a screen has 8 rows of 8 Tile32 blocks"},
+        {"room.0.screen.5.tile32.0,0", "there is no screen 5"},
+        {"room.0.screen.5.index", "there is no screen 5"},
+        {"room.0.tile32.92.tile.0,0", "there is no Tile32 block 92"},
+        {"room.0.tile32.0.tile.2,0", "a Tile32 block has 2 rows of 2 tiles"},
+        {"room.0.slot.0.pixel.10,0", "a slot has 10 rows of 10 pixels"},
         {"map.12,0.tile", "the overworld has 12 rows of 1a cells"},
         {"room.0", "there is no field of the form \"room.0\""},
         {"room.0.layout.1.0", "there is no field of the form \"room.0.layout.1.0\""},
@@ -168,21 +188,54 @@ TEST_F(GetVerbTest, ValuePastTheEndOfTheFileIsRefused)
     auto bytes = demoBytes();
     bytes.resize(offset(7, 0x8300)); // without the rooms' music
     const std::string rom = write("cut.nes", bytes);
-    const auto outcome = run({"set", rom, "room.0.music", "1", "-o", path("out.nes")});
+    const std::vector<std::string> commands[] = {
+        {"get", rom, "room.0.music"},
+        {"get", "--json", rom, "room.0.music"},
+        {"set", rom, "room.0.music", "1", "-o", path("out.nes")}};
+    for (const std::vector<std::string>& words : commands) {
+        const auto outcome = run(words);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "velko-cli: room.0.music lies past the end of the file\n");
+    }
+    EXPECT_FALSE(std::filesystem::exists(pathFromUtf8(path("out.nes"))));
+}
+
+TEST_F(GetVerbTest, WhatChangesAlongPastTheEndIsRefused)
+{
+    auto bytes = demoBytes();
+    bytes.resize(offset(7, 0x8390)); // items of the chambers, and no addresses
+    const std::string rom = write("cut.nes", bytes);
+    EXPECT_EQ(get(rom, "room.25.item"), "4\n");
+    EXPECT_EQ(run({"set", rom, "room.25.item", "5", "-o", path("out.nes")}).status, 0);
+    const auto outcome = run({"set", rom, "room.25.item", "ff", "-o", path("none.nes")});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "velko-cli: room.0.music lies past the end of the file\n");
+    EXPECT_EQ(outcome.err,
+              "velko-cli: a part of what setting room.25.item changes lies past the end of the "
+              "file\n");
+    EXPECT_FALSE(std::filesystem::exists(pathFromUtf8(path("none.nes"))));
+}
+
+TEST_F(GetVerbTest, AnEmptyChamberGetsAnAddressWithItsItem)
+{
+    auto bytes = demoBytes();
+    for (const std::size_t place : {offset(7, 0x8380), offset(7, 0x8390), offset(7, 0x8391)})
+        bytes.at(place) = 0xFF;
+    const std::string rom = write("empty.nes", bytes);
+    const std::string output = path("item.nes");
+    EXPECT_EQ(run({"set", rom, "room.25.item", "9", "-o", output}).status, 0);
+    EXPECT_EQ(get(output, "room.25.item"), "9\n");
+    EXPECT_EQ(get(output, "room.25.itemaddress"), "ab06\n");
 }
 
 TEST_F(GetVerbTest, EveryFieldIsDocumented)
 {
     std::ifstream file(std::string(VELKO_DOCS_DIR) + "/cli.md");
     const std::string text{std::istreambuf_iterator<char>(file), {}};
-    for (const auto& rules : {roomFieldRules(), worldFieldRules()})
-        for (const FieldRule& rule : rules)
-            EXPECT_THAT(text,
-                        HasSubstr("| `" + std::string(rule.pattern) + "` | "
-                                  + std::string(rule.bounds) + " | " + std::string(rule.tells)
-                                  + " |\n"));
+    for (const FieldRule& rule : fieldRules())
+        EXPECT_THAT(text,
+                    HasSubstr("| `" + std::string(rule.pattern) + "` | " + std::string(rule.bounds)
+                              + " | " + std::string(rule.tells) + " |\n"));
 }
 
 } // namespace
