@@ -12,7 +12,6 @@ namespace {
 constexpr unsigned kHigh = 4;
 constexpr std::uint32_t kNibble = 15;
 constexpr std::uint32_t kPhaseDirection = 7;
-constexpr std::uint32_t kMostTrucks = 256;
 
 // The patterns that a truck can name with a nibble.
 std::uint32_t patternCount(const TruckMovementRegion& region)
@@ -23,7 +22,8 @@ std::uint32_t patternCount(const TruckMovementRegion& region)
 // A truck's start byte: pattern set (high nibble), starting area (low nibble).
 template <unsigned kShift> FieldResult truckNibble(EditorState& state, FieldNumbers numbers)
 {
-    if (numbers[0] >= std::min(state.config.value(MiscField::numOfMapTrucks), kMostTrucks))
+    if (numbers[0]
+        >= std::min(state.config.value(MiscField::numOfMapTrucks), OverworldMap::kMostTrucks))
         return missing("truck", numbers[0]);
     std::uint32_t largest = kNibble;
     if constexpr (kShift == kHigh)

@@ -40,8 +40,10 @@ public:
     static constexpr int kWidth = 208; // pixels
     static constexpr int kHeight = 144;
     static constexpr std::size_t kPaletteBytes = 32; // 8 sets of 4, the last four for sprites
+    // However many the configuration tells.
     static constexpr std::uint32_t kMostAreas = 256;
     static constexpr std::uint32_t kMostPresets = 256;
+    static constexpr std::uint32_t kMostTrucks = 256;
 
     OverworldMap(RomImage& rom, const GameConfig& config);
 

@@ -8,7 +8,6 @@ namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kMostTrucks = 256;    // however many the configuration tells
 constexpr int kMostPatternSets = 16;          // a nibble names one
 constexpr std::uint8_t kFirstTruckSprite = 8; // of eight, one per direction
 
@@ -16,7 +15,7 @@ constexpr std::uint8_t kFirstTruckSprite = 8; // of eight, one per direction
 
 std::uint32_t OverworldModel::truckCount() const
 {
-    return std::min(m_state.config.value(MiscField::numOfMapTrucks), kMostTrucks);
+    return std::min(m_state.config.value(MiscField::numOfMapTrucks), OverworldMap::kMostTrucks);
 }
 
 int OverworldModel::lastTruck() const
