@@ -45,7 +45,7 @@ protected:
     // Whether a change writes more than the value, as documented.
     static bool changesMore(std::string_view pattern)
     {
-        return pattern.ends_with(".item") || pattern.ends_with(".placed")
+        return pattern == "room.R.item" || pattern.ends_with(".placed")
             || (pattern.starts_with("room.R.screen.N.") && pattern.ends_with(",COLUMN")
                 && !pattern.starts_with("room.R.screen.N.tile32."));
     }
