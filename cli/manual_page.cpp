@@ -1,5 +1,8 @@
 #include "cli/manual_page.h"
 
+#include "cli/field.h"
+
+#include <cctype>
 #include <string_view>
 
 namespace velko {
@@ -90,6 +93,38 @@ std::string verbSection(const std::string& parents, const CommandText& verb)
     return page;
 }
 
+bool isCapital(char c)
+{
+    return std::isupper(static_cast<unsigned char>(c)) != 0;
+}
+
+// "room.R.music", what stands for a number in italics.
+std::string patternLine(std::string_view pattern)
+{
+    std::string line;
+    while (!pattern.empty()) {
+        const bool isNumber = isCapital(pattern.front());
+        std::size_t length = 1;
+        while (length < pattern.size() && isCapital(pattern[length]) == isNumber)
+            ++length;
+        const std::string_view part = pattern.substr(0, length);
+        line += isNumber ? italic(part) : bold(part);
+        pattern.remove_prefix(length);
+    }
+    return line;
+}
+
+std::string fieldSection()
+{
+    std::string page = ".SH FIELDS\nThe names of what \\fBget\\fR tells and \\fBset\\fR changes, "
+                       "each with the values that it takes. Words in capitals stand for numbers "
+                       "counted from 0; these and all values are hexadecimal.\n";
+    for (const FieldRule& rule : fieldRules())
+        page += ".TP\n" + patternLine(rule.pattern) + " (" + plain(rule.bounds) + ")\n"
+            + plain(rule.tells) + ".\n";
+    return page;
+}
+
 } // namespace
 
 std::string manualPage(const CommandText& program)
@@ -105,7 +140,7 @@ std::string manualPage(const CommandText& program)
         + argumentList(program) + ".SH VERBS\n";
     for (const CommandText& verb : program.commands)
         page += verbSection("", verb);
-    return page
+    return page + fieldSection()
         + ".SH EXIT STATUS\n"
           ".TP\n0\nFine.\n"
           ".TP\n1\nSomething was found, or what was asked is refused.\n"

@@ -24,6 +24,11 @@ CLI::Option* addField(CLI::App& command, std::string& name)
         ->type_name("");
 }
 
+void pointToFields(CLI::App& command)
+{
+    command.footer("All fields: section FIELDS of velko-cli(1).");
+}
+
 // Its bytes would read as filler, and take nothing.
 ExitStatus failPastEnd(const Context& context, const std::string& name)
 {
@@ -37,6 +42,7 @@ public:
         addRom(command, m_rom);
         addField(command, m_name);
         addJson(command, m_json);
+        pointToFields(command);
     }
 
     ExitStatus run(const Context& context) override
@@ -82,6 +88,7 @@ public:
         addField(command, m_name);
         addHex(command, "VALUE", m_value, "The new value, hexadecimal")->required()->type_name("");
         addOutput(command, m_output, "The ROM file to write");
+        pointToFields(command);
     }
 
     ExitStatus run(const Context& context) override

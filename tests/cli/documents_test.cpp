@@ -1,5 +1,6 @@
 #include "cli/command_line.h"
 #include "cli/completions.h"
+#include "cli/field.h"
 #include "cli/manual_page.h"
 #include "tests/cli/cli_fixture.h"
 
@@ -60,6 +61,29 @@ TEST_F(Documents, ManualListsEveryVerbAndOption)
                 EXPECT_THAT(text, HasSubstr("-" + name)) << path;
         }
     });
+}
+
+TEST_F(Documents, ManualListsEveryField)
+{
+    const std::string manual = manualPage(program);
+    EXPECT_THAT(manual,
+                HasSubstr("\n\\fBroom.\\fR\\fIR\\fR\\fB\\&.palette.\\fR\\fIN\\fR (0 to ff)\n"));
+    const std::string text = withoutRoff(manual);
+    const std::size_t section = text.find("\n.SH FIELDS\n");
+    ASSERT_NE(section, std::string::npos);
+    const std::string fields = text.substr(section, text.find(".SH ", section + 5) - section);
+    for (const FieldRule& rule : fieldRules())
+        EXPECT_THAT(fields,
+                    HasSubstr("\n.TP\n" + std::string(rule.pattern) + " ("
+                              + std::string(rule.bounds) + ")\n" + std::string(rule.tells)
+                              + ".\n"));
+}
+
+TEST_F(Documents, HelpOfGetAndSetTellsWhereTheFieldsAreListed)
+{
+    for (const char* verb : {"get", "set"})
+        EXPECT_THAT(test::runWords({verb, "--help"}).out,
+                    HasSubstr("\nAll fields: section FIELDS of velko-cli(1).\n"));
 }
 
 TEST_F(Documents, HelpOfEveryVerbTellsItsArguments)
