@@ -1,6 +1,7 @@
 #include "cli/field_parts.h"
 #include "gfx/room_renderer.h"
 #include "pages/door_model.h"
+#include "store/block_lengths.h"
 
 #include <algorithm>
 
@@ -32,6 +33,13 @@ template <MiscField kTable> FieldResult exitByte(EditorState& state, FieldNumber
         largest);
 }
 
+// Where the room's size stands.
+FileOffsets sizeBytes(const EditorState& state)
+{
+    const std::uint32_t entry = state.store.pahMapLayout.entryFileOffset(state.currentRoom());
+    return {entry + kMapWidthByte, entry + kMapHeightByte};
+}
+
 // How much of the room an entrance can tell: the window keeps it on these screens.
 std::uint32_t screensAcross(const EditorState& state)
 {
@@ -59,7 +67,10 @@ FieldResult entrance(EditorState& state, FieldNumbers numbers)
     if (numbers[0] >= DoorModel::kSlots)
         return missing("entrance", numbers[0]);
     const std::uint32_t offset = slotOffset(state, kTable, MiscField::roomEntrances, numbers[0]);
-    return limited(bitField(state.rom, {offset, kShift, kNibble}), kLargest(state));
+    Field field = limited(bitField(state.rom, {offset, kShift, kNibble}), kLargest(state));
+    if constexpr (kTable == MiscField::ptrEntranceScreen)
+        field.boundBytes = sizeBytes(state);
+    return field;
 }
 
 constexpr FieldRule kRules[] = {

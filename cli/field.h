@@ -28,6 +28,9 @@ struct Field {
     // The bytes that tell the value, and those that tell where they lie. Of a field with any of
     // them past the end of the file the value means nothing.
     FileOffsets bytes = {};
+    // The bytes besides that tell what may be written. With any of them past the end of the file
+    // the value can only be read.
+    FileOffsets boundBytes = {};
     // Writes a value that allows() into the ROM image; of a refused one nothing. Empty where the
     // value can only be read.
     std::function<Refusal(std::uint32_t)> set = {};

@@ -1,6 +1,7 @@
 #include "cli/field_parts.h"
 
 #include "rom/number_text.h"
+#include "store/block_lengths.h"
 
 namespace velko {
 
@@ -60,6 +61,19 @@ FileOffsets roomPointers(const RoomDataStore& store, std::uint32_t room,
         pointers.insert(pointers.end(), entry.begin(), entry.end());
     }
     return pointers;
+}
+
+FileOffsets screenListBytes(const EditorState& state, std::uint32_t room, std::uint32_t mostWords)
+{
+    const PointerArrayHandler& lists = state.store.pahMapAlloc;
+    FileOffsets bytes = entryOffsets(lists, room);
+    for (std::uint32_t i = 0; i < mostWords; ++i) {
+        const FileOffsets word = neighbours(lists.dataFileOffset(lists.pointerOf(room, 2 * i)), 2);
+        bytes.insert(bytes.end(), word.begin(), word.end());
+        if (!liesInFile(state.rom, word) || lists.dataWord(2 * i, room) == kScreenListEnd)
+            break;
+    }
+    return bytes;
 }
 
 std::optional<Field> fieldPastEnd(const EditorState& state, const FileOffsets& bytes)

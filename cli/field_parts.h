@@ -52,6 +52,10 @@ std::optional<Field> fieldPastEnd(const EditorState& state, const FileOffsets& b
 FileOffsets roomPointers(const RoomDataStore& store, std::uint32_t room,
                          std::initializer_list<PointerArrayHandler RoomDataStore::*> tables);
 
+// What tells a room's screen list: its pointer, and the list's words up to and with the end mark,
+// at most so many. Behind a word past the end of the file it is not followed.
+FileOffsets screenListBytes(const EditorState& state, std::uint32_t room, std::uint32_t mostWords);
+
 using RoomFind = FieldResult (*)(EditorState&, FieldNumbers);
 
 // Selects the room, the name's first number, and finds the field with the other numbers, by way of

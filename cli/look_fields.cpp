@@ -56,6 +56,7 @@ Field slotBlock(EditorState& state, std::uint32_t slot)
         field.smallest = field.value & kPageMask;
         field.largest = field.value | static_cast<std::uint8_t>(~kPageMask);
     }
+    field.boundBytes = {attribute(state, slot, 0, kBankMask).offset};
     return field;
 }
 

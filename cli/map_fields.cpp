@@ -35,6 +35,8 @@ FieldResult layoutCell(EditorState& state, FieldNumbers numbers)
     // A room without screens has nothing to show in a cell.
     field.smallest = screens == 0 ? 1U : 0U;
     field.largest = screens == 0 ? 0U : screens - 1;
+    field.boundBytes =
+        screenListBytes(state, state.currentRoom(), MapAllocationModel::kMostScreens);
     // A damaged room shows a cell that lies outside of its block.
     if (offset >= mapLayoutLength(layouts, layouts.currentRoom()))
         field.set = nullptr;

@@ -6,6 +6,9 @@
 #include "pages/map_edit_model.h"
 #include "pages/tile32_packing.h"
 #include "rom/number_text.h"
+#include "store/block_lengths.h"
+
+#include <algorithm>
 
 namespace velko {
 
@@ -90,15 +93,52 @@ FieldResult screenTile32(EditorState& state, FieldNumbers numbers)
     return result;
 }
 
+std::uint32_t highestNumber(const EditorState& state, std::uint32_t screenStart)
+{
+    std::uint32_t highest = 0;
+    for (std::uint32_t i = 0; i < kTile32PerScreen; ++i)
+        highest = std::max<std::uint32_t>(highest, state.rom.readByte(screenStart + i));
+    return highest;
+}
+
+// What converting would take from past the end of the file. All of it reads as filler there: as
+// addresses, screens and blocks that the game does not have, and writing those destroys what is at
+// such addresses.
+Field::Refusal pastEnd(const EditorState& state, const MapEditScreens& screens)
+{
+    constexpr const char* kPastEnd = " lies past the end of the file";
+    std::vector<std::uint32_t> rooms{state.currentRoom()};
+    rooms.insert(rooms.end(), screens.sharedRooms().begin(), screens.sharedRooms().end());
+    for (const std::uint32_t room : rooms)
+        if (!liesInFile(state.rom, screenListBytes(state, room, kLongestScreenList)))
+            return "the screen list of room " + hexText(room) + kPastEnd;
+    std::uint32_t blocks = kMostTile32;
+    for (const MapEditScreen& screen : screens.all()) {
+        const std::uint32_t start = state.renderer.screenFileOffset(screen.address);
+        if (!liesInFile(state.rom, neighbours(start, kTile32PerScreen)))
+            return "screen " + hexText(screen.address) + kPastEnd;
+        blocks = std::max(blocks, highestNumber(state, start) + 1);
+    }
+    if (!liesInFile(
+            state.rom,
+            blockOffsets(state.store.pahTile32, state.currentRoom(), Tile32::kBytes * blocks)))
+        return std::string("a part of the Tile32 set") + kPastEnd;
+    return std::nullopt;
+}
+
 // Paints a cell and converts the room, as map editing does.
 Field::Refusal paint(EditorState& state, std::uint32_t screen, std::size_t index,
                      const MetatileCell& cell)
 {
+    if (!liesInFile(state.rom, entryOffsets(state.store.pahMapLayout, state.currentRoom())))
+        return "the room's size lies past the end of the file";
     AnsweringPrompt prompt({});
     MapEditModel model(state, prompt);
     model.refresh();
     if (!model.hasMap())
         return "the room has no map to edit";
+    if (const Field::Refusal refusal = pastEnd(state, model.screens()))
+        return refusal;
     if (!model.setCell(screen, index, cell) || model.packing().limitExceeded())
         return std::string(model.statusText());
     model.convertAndWrite();

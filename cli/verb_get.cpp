@@ -104,6 +104,8 @@ public:
             return failPastEnd(context, m_name);
         if (!field.set)
             return context.fail(m_name + " can only be read", ExitStatus::kFindings);
+        if (!liesInFile(state.rom, field.boundBytes))
+            return failPastEnd(context, "what bounds " + m_name);
         if (!field.allows(*m_value))
             return context.fail(m_name + " takes " + boundsText(field) + ", not "
                                     + hexText(*m_value),
