@@ -1,9 +1,12 @@
 #include "check/check_families.h"
+#include "check/missing_places.h"
 #include "check/room_groups.h"
 #include "pages/door_model.h"
 #include "rom/number_text.h"
+#include "store/file_offsets.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace velko {
@@ -12,6 +15,19 @@ namespace {
 
 // An exit's byte cannot tell more.
 constexpr std::uint32_t kMostSlots = 256;
+
+// A table of one byte per slot.
+struct DoorTable {
+    MiscField table;
+    MiscField perRoom;
+    const char* byte;
+};
+constexpr std::array<DoorTable, 4> kDoorTables = {{
+    {MiscField::ptrEntranceScreen, MiscField::roomEntrances, "The screen of entrance "},
+    {MiscField::ptrEntranceBlock, MiscField::roomEntrances, "The block of entrance "},
+    {MiscField::ptrExitRoom, MiscField::roomExits, "The room of exit "},
+    {MiscField::ptrExitEntrance, MiscField::roomExits, "The entrance of exit "},
+}};
 
 class DoorCheck {
 public:
@@ -31,7 +47,8 @@ public:
                     ways[room].set(target);
             }
         }
-        if (slots(MiscField::roomExits) > 0)
+        // Where a part of the tables is missing, nobody knows.
+        if (checkFile() && slots(MiscField::roomExits) > 0)
             reportUnreached(ways);
     }
 
@@ -54,21 +71,50 @@ private:
     {
         return offset(MiscField::ptrEntranceScreen, MiscField::roomEntrances, room, slot);
     }
+    std::uint32_t entranceBlock(std::uint32_t room, std::uint32_t slot) const
+    {
+        return offset(MiscField::ptrEntranceBlock, MiscField::roomEntrances, room, slot);
+    }
+    bool isThere(std::uint32_t fileOffset) const { return fileOffset < m_state.rom.size(); }
     std::uint8_t byteOf(std::uint32_t fileOffset) const { return m_state.rom.readByte(fileOffset); }
 
     Entrance entranceOf(std::uint32_t room, std::uint32_t slot) const
     {
-        return Entrance::fromBytes(
-            byteOf(entranceScreen(room, slot)),
-            byteOf(offset(MiscField::ptrEntranceBlock, MiscField::roomEntrances, room, slot)));
+        return Entrance::fromBytes(byteOf(entranceScreen(room, slot)),
+                                   byteOf(entranceBlock(room, slot)));
+    }
+    bool hasEntrance(std::uint32_t room, std::uint32_t slot) const
+    {
+        return isThere(entranceScreen(room, slot)) && isThere(entranceBlock(room, slot));
+    }
+
+    // Returns whether all of the tables is in the file.
+    bool checkFile() const
+    {
+        bool isWhole = true;
+        for (const DoorTable& table : kDoorTables) {
+            MissingPlaces missing("byte");
+            for (std::uint32_t room = 0; room < m_rooms; ++room) {
+                for (std::uint32_t slot = 0; slot < slots(table.perRoom); ++slot) {
+                    const std::uint32_t place = offset(table.table, table.perRoom, room, slot);
+                    if (!isThere(place))
+                        missing.add(room, place, table.byte + hexText(slot) + " lies");
+                }
+            }
+            missing.report(m_findings);
+            isWhole = isWhole && missing.isEmpty();
+        }
+        return isWhole;
     }
 
     void checkEntrances(std::uint32_t room) const
     {
+        if (!entryLiesInFile(m_state.rom, m_state.store.pahMapLayout, room))
+            return; // its size is not known
         const RoomSize size = m_state.renderer.roomSize(room);
         for (std::uint32_t slot = 0; slot < slots(MiscField::roomEntrances); ++slot) {
             const Entrance entrance = entranceOf(room, slot);
-            if (!entrance.isSet()
+            if (!hasEntrance(room, slot) || !entrance.isSet()
                 || (entrance.screenColumn <= size.columns && entrance.screenRow < size.rows
                     && entrance.blockRow < kScreenRows))
                 continue;
@@ -82,9 +128,12 @@ private:
         }
     }
 
-    // The tables do not tell whether an exit is in use. Returns whether it is a way to its room.
+    // The tables do not tell whether an exit is in use. Returns whether it is a way to its room;
+    // nothing is found where a byte is missing.
     bool checkExit(std::uint32_t room, std::uint32_t slot, std::uint8_t target) const
     {
+        if (!isThere(exitRoom(room, slot)))
+            return false;
         const std::string exit = "Exit " + hexText(slot) + " leads to ";
         if (target >= m_rooms) {
             m_findings.push_back({FindingKind::kExitToMissingRoom, room, exitRoom(room, slot),
@@ -96,7 +145,9 @@ private:
             offset(MiscField::ptrExitEntrance, MiscField::roomExits, room, slot);
         const std::uint8_t entrance = byteOf(place);
         const std::uint32_t entrances = slots(MiscField::roomEntrances);
-        if (entrances == 0 || (entrance < entrances && entranceOf(target, entrance).isSet()))
+        if (entrances == 0 || !isThere(place)
+            || (entrance < entrances
+                && (!hasEntrance(target, entrance) || entranceOf(target, entrance).isSet())))
             return true;
         m_findings.push_back({FindingKind::kExitToUnsetEntrance, room, place,
                               exit + "entrance " + hexText(entrance) + " of room " + hexText(target)
@@ -108,10 +159,12 @@ private:
     {
         for (const RoomGroup& group : groupsWithoutWayIn(ways)) {
             const std::uint32_t room = group.front();
+            if (room == 0) // where the game starts, as far as anyone can tell
+                continue;
             if (group.size() == 1)
                 m_findings.push_back({FindingKind::kUnreachableRoom, room, entranceScreen(room, 0),
                                       "No way leads here from another room."});
-            else if (room != 0) // where the game starts, as far as anyone can tell
+            else
                 m_findings.push_back({FindingKind::kUnreachableGroup, room, entranceScreen(room, 0),
                                       "This room and " + otherRoomsText(group)
                                           + " lead to one another, and no way leads here from any "

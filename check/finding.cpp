@@ -15,6 +15,7 @@ struct Rule {
 
 // In the order of FindingKind.
 constexpr std::array<Rule, kFindingKinds> kRules = {{
+    {"past-end-of-file", Severity::kError},
     {"pointer-outside-region", Severity::kError},
     {"block-past-region", Severity::kError},
     {"unterminated-list", Severity::kError},

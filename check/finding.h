@@ -17,6 +17,7 @@ enum class Severity : std::uint8_t {
 
 // What a check can find, in the order in which findings are listed.
 enum class FindingKind : std::uint8_t {
+    kPastEndOfFile,
     kPointerOutsideRegion,
     kBlockPastRegion,
     kUnterminatedList,
@@ -40,7 +41,7 @@ enum class FindingKind : std::uint8_t {
     kTruckOfMissingPattern,
     kTruckDirectionOutOfRange,
 };
-inline constexpr std::size_t kFindingKinds = 22;
+inline constexpr std::size_t kFindingKinds = 23;
 static_assert(kFindingKinds
               == static_cast<std::size_t>(FindingKind::kTruckDirectionOutOfRange) + 1);
 
@@ -54,7 +55,8 @@ struct Finding {
     std::optional<std::uint32_t> room; // or the table entry behind those of the rooms
     std::uint32_t fileOffset = 0;      // the place in the ROM file; it may lie past the file's end
     std::string text;                  // one sentence
-    // What is wrong with an area has no room. The trucks of the overworld have neither.
+    // Or the table entry behind those of the areas. What is wrong with an area has no room. The
+    // trucks of the overworld have neither.
     std::optional<std::uint32_t> area = std::nullopt;
 };
 using Findings = std::vector<Finding>;

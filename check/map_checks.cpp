@@ -1,8 +1,10 @@
 #include "check/check_families.h"
+#include "check/missing_places.h"
 #include "gfx/room_renderer.h"
 #include "rom/number_text.h"
 #include "store/block_lengths.h"
 #include "store/data_window.h"
+#include "store/file_offsets.h"
 #include "store/screen_area.h"
 #include "store/screen_list_scan.h"
 
@@ -17,7 +19,7 @@ namespace {
 constexpr std::uint32_t kTile32Records = 146; // that fit into a set
 constexpr std::uint32_t kCellValues = 256;    // positions that a cell can tell
 
-// The map of a room, borders included.
+// The map of a room, borders included. One that the file does not tell has no size.
 struct StoredMap {
     std::uint16_t pointer = 0;
     std::uint32_t width = 0;
@@ -40,6 +42,10 @@ public:
     {
         for (std::uint32_t room = 0; room < state.config.roomCount(); ++room) {
             const PointerArrayHandler& layouts = state.store.pahMapLayout;
+            if (!entryLiesInFile(state.rom, layouts, room)) {
+                m_maps.emplace_back();
+                continue;
+            }
             m_maps.push_back({layouts.pointerOf(room), layouts.entryByte(kMapWidthByte, room),
                               layouts.entryByte(kMapHeightByte, room)});
         }
@@ -47,16 +53,51 @@ public:
 
     void run()
     {
+        checkScreenArea();
         for (std::uint32_t room = 0; room < m_maps.size(); ++room) {
             checkSize(room);
+            if (!hasList(room))
+                continue;
             checkScreenList(room);
-            if (m_maps[room].hasCells())
+            if (m_maps[room].hasCells() && hasLayout(room))
                 checkScreens(room, checkCells(room));
         }
     }
 
 private:
     using Positions = std::bitset<kCellValues>; // in a screen list
+
+    void checkScreenArea() const
+    {
+        const ScreenArea area = ScreenArea::of(m_state.config);
+        MissingPlaces missing("screen");
+        for (std::uint32_t i = 0; i < std::min(area.count, ScreenArea::kIndexes); ++i) {
+            const std::uint16_t address = area.addressOf(i);
+            if (!hasScreen(address))
+                missing.add(std::nullopt, m_state.renderer.screenFileOffset(address),
+                            "The screen at " + addressText(address) + " ends");
+        }
+        missing.report(m_findings);
+    }
+
+    // Whether the file has the whole of them.
+    bool hasScreen(std::uint16_t address) const
+    {
+        const std::uint32_t start = m_state.renderer.screenFileOffset(address);
+        return start + ScreenArea::kScreenBytes <= m_state.rom.size();
+    }
+    bool hasList(std::uint32_t room) const
+    {
+        const PointerArrayHandler& lists = m_state.store.pahMapAlloc;
+        return entryLiesInFile(m_state.rom, lists, room)
+            && blockLiesInFile(m_state.rom, lists, listOf(room), m_lists.length(listOf(room)));
+    }
+    bool hasLayout(std::uint32_t room) const
+    {
+        const StoredMap& map = m_maps[room];
+        return blockLiesInFile(m_state.rom, m_state.store.pahMapLayout, map.pointer,
+                               map.width * map.height);
+    }
 
     // Against the lowest room with the same block.
     void checkSize(std::uint32_t room) const
@@ -186,6 +227,8 @@ private:
     // File offset of a screen's first number that no set has.
     std::optional<std::uint32_t> wrongTile32(std::uint16_t screen) const
     {
+        if (!hasScreen(screen))
+            return std::nullopt;
         const std::uint32_t start = m_state.renderer.screenFileOffset(screen);
         for (std::uint32_t i = 0; i < ScreenArea::kScreenBytes; ++i) {
             if (m_state.rom.readByte(start + i) >= kTile32Records)

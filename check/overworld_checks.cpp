@@ -1,4 +1,5 @@
 #include "check/check_families.h"
+#include "check/missing_places.h"
 #include "check/region_survey.h"
 #include "rom/number_text.h"
 #include "tools/area_movement.h"
@@ -20,6 +21,8 @@ void checkMovementCounts(const EditorState& state, Findings& findings)
     const RegionSurvey region = surveyRegion(state, kAreaMovementKind);
     std::unordered_set<std::int32_t> seen;
     for (const SurveyedBlock& block : region.found) {
+        if (block.entry >= region.owners)
+            break; // the rest of the table are no areas
         if (!region.startsInside(block) || !seen.insert(block.start).second)
             continue;
         const std::uint32_t bytes = block.length.bytes - AreaMovement::kHeadBytes;
@@ -38,9 +41,14 @@ void checkTrucks(const EditorState& state, std::uint32_t patternSets, Findings& 
 {
     const std::uint32_t trucks =
         std::min(state.config.value(MiscField::numOfMapTrucks), kMostTrucks);
+    MissingPlaces missing("byte");
     const std::uint32_t lastArea = state.config.value(MiscField::areas);
     for (std::uint32_t truck = 0; truck < trucks; ++truck) {
         const std::uint32_t place = state.config.value(MiscField::ptrMapTruckInit) + truck;
+        if (place >= state.rom.size()) {
+            missing.add(std::nullopt, place, "The start of truck " + hexText(truck) + " lies");
+            continue;
+        }
         const std::uint32_t area = state.rom.readByte(place) & 15U;
         const std::uint32_t set = state.rom.readByte(place) >> 4;
         const std::string name = "Truck " + hexText(truck);
@@ -53,6 +61,7 @@ void checkTrucks(const EditorState& state, std::uint32_t patternSets, Findings& 
                                 name + " follows pattern set " + hexText(set)
                                     + "; there are sets 0 to " + hexText(patternSets - 1) + "."});
     }
+    missing.report(findings);
 }
 
 std::uint32_t phaseOffset(const RegionSurvey& patterns, const SurveyedBlock& pattern,

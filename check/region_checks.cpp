@@ -19,6 +19,7 @@ public:
 
     void run()
     {
+        checkFile();
         checkFreeSpace();
         for (const SurveyedBlock& block : m_region.found)
             checkPlace(block);
@@ -52,7 +53,12 @@ private:
     void report(FindingKind kind, std::optional<std::uint32_t> entry, std::int32_t address,
                 std::string text) const
     {
-        Finding finding{kind, std::nullopt, fileOffset(address), std::move(text)};
+        reportAt(kind, entry, fileOffset(address), std::move(text));
+    }
+    void reportAt(FindingKind kind, std::optional<std::uint32_t> entry, std::uint32_t place,
+                  std::string text) const
+    {
+        Finding finding{kind, std::nullopt, place, std::move(text)};
         if (m_region.owner == BlockOwner::kRoom)
             finding.room = entry;
         else if (m_region.owner == BlockOwner::kArea)
@@ -60,16 +66,32 @@ private:
         m_findings.push_back(std::move(finding));
     }
 
+    void checkFile() const
+    {
+        const MissingBlocks& missing = m_region.missing;
+        if (missing.pointers > 0)
+            reportAt(FindingKind::kPastEndOfFile, missing.firstPointer,
+                     m_region.pointerFileOffset(missing.firstPointer),
+                     "The pointer to the " + std::string(m_region.block) + " of "
+                         + ownerText(missing.firstPointer) + " lies past the end of the file"
+                         + suchText(missing.pointers, "pointer") + ".");
+        if (missing.blocks > 0)
+            report(FindingKind::kPastEndOfFile, missing.firstBlock.entry, missing.firstBlock.start,
+                   "The " + blockText(missing.firstBlock) + ", at "
+                       + addressOf(missing.firstBlock.start) + ", ends past the end of the file"
+                       + suchText(missing.blocks, m_region.block) + ".");
+    }
+
     void checkFreeSpace() const
     {
-        if (m_region.freeSpace >= 0)
+        if (m_region.freeSpace.value_or(0) >= 0)
             return;
         m_findings.push_back(
             {FindingKind::kNegativeFreeSpace, std::nullopt,
              // The edge itself may lie in another bank than the region.
              fileOffset(m_region.edge - 1) + 1,
              "The " + std::string(m_region.blocks) + " end "
-                 + countText(static_cast<std::uint32_t>(-m_region.freeSpace), "byte")
+                 + countText(static_cast<std::uint32_t>(-*m_region.freeSpace), "byte")
                  + " past the end of their region, " + addressOf(m_region.edge) + "."});
     }
 
@@ -97,8 +119,8 @@ private:
     // What reaches into the free space is overwritten by the next insertion.
     void checkFreePlace(const SurveyedBlock& block) const
     {
-        const std::int32_t usedEnd = m_region.edge - m_region.freeSpace;
-        if (m_region.freeSpace >= 0 && block.end() > usedEnd)
+        const std::int32_t usedEnd = m_region.edge - m_region.freeSpace.value_or(0);
+        if (m_region.freeSpace.value_or(-1) >= 0 && block.end() > usedEnd)
             report(FindingKind::kBlockInFreeSpace, block.entry, block.start,
                    "The " + blockText(block) + ", " + addressOf(block.start) + " to "
                        + addressOf(block.end() - 1) + ", reaches into the free space at "
@@ -143,7 +165,8 @@ private:
                    "The " + blockText(upper) + " starts at " + addressOf(upper.start)
                        + ", inside the one of " + ownerText(lower.entry) + ", "
                        + addressOf(lower.start) + " to " + addressOf(lower.end() - 1) + ".");
-        else if (upper.start > lower.end())
+        // What is not in the file may lie between them.
+        else if (upper.start > lower.end() && m_region.missing.isNothing())
             report(FindingKind::kGap, std::nullopt, lower.end(),
                    "No " + std::string(m_region.block) + " holds the "
                        + countText(static_cast<std::uint32_t>(upper.start - lower.end()), "byte")

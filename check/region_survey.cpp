@@ -1,5 +1,6 @@
 #include "check/region_survey.h"
 
+#include "store/file_offsets.h"
 #include "store/screen_area.h"
 #include "tools/area_movement.h"
 #include "tools/overworld_map.h"
@@ -36,12 +37,6 @@ std::uint32_t address(const GameConfig& config, MiscField field)
     return config.value(field) & 0xFFFF;
 }
 
-// The bank of the truck patterns and the one behind it, one after the other in the file.
-std::uint32_t truckFileOffset(std::uint32_t bank, std::uint32_t cpuAddress)
-{
-    return bank * kBankSize + (cpuAddress & 0x7FFF) + kHeaderSize;
-}
-
 // File offsets of the last bytes of everything with a place that the module tells.
 std::vector<std::uint32_t> lastBytes(const GameConfig& config)
 {
@@ -61,8 +56,7 @@ std::vector<std::uint32_t> lastBytes(const GameConfig& config)
          {MiscField::bpahTruckMovement_pMemEdge, MiscField::bpahTruckMovement_dMemEdge}) {
         const std::uint32_t end = address(config, field);
         if (end != 0)
-            offsets.push_back(
-                truckFileOffset(config.value(MiscField::bpahTruckMovement_bank), end - 1));
+            offsets.push_back(TruckMovementRegion::fileOffset(config, end - 1));
     }
     const ScreenArea screens = ScreenArea::of(config);
     if (screens.count > 0)
@@ -87,6 +81,15 @@ std::int32_t lowestAddress(const GameConfig& config, const RegionKind& kind)
     return static_cast<std::int32_t>(lowest);
 }
 
+bool hasPhases(const RomImage& rom, const TruckMovementRegion& trucks, const SurveyedBlock& pattern)
+{
+    for (std::uint32_t phase = 0; phase < pattern.length.bytes; ++phase) {
+        if (trucks.phaseOffset(pattern.entry, phase) >= rom.size())
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 PointerArrayHandler measuredHandler(const EditorState& state, const RegionKind& kind)
@@ -97,21 +100,27 @@ PointerArrayHandler measuredHandler(const EditorState& state, const RegionKind& 
     return handler;
 }
 
-std::vector<SurveyedBlock> surveyBlocks(const EditorState& state, const RegionKind& kind)
+BlockSurvey surveyBlocks(const EditorState& state, const RegionKind& kind)
 {
     const PointerArrayHandler& handler = state.store.*kind.handler;
     const auto tableEntries = static_cast<std::uint32_t>(std::max(handler.entryCount(), 0));
     const std::uint32_t entries =
         std::min(std::max(tableEntries, neededEntries(state.config, kind)), kMostSurveyedEntries);
     BlockLengths lengths(handler, kind);
-    std::vector<SurveyedBlock> blocks;
+    BlockSurvey survey;
     for (std::uint32_t entry = 0; entry < entries; ++entry) {
+        if (!entryLiesInFile(state.rom, handler, entry)) {
+            survey.missing.addPointer(entry);
+            continue;
+        }
         const std::uint16_t pointer = handler.pointerOf(entry);
-        const BlockLength length = lengths.of(entry, pointer);
-        if (length.bytes != 0)
-            blocks.push_back({entry, pointer, length});
+        const SurveyedBlock block = {entry, pointer, lengths.of(entry, pointer)};
+        if (!blockLiesInFile(state.rom, handler, pointer, block.length.bytes))
+            survey.missing.addBlock(block);
+        else if (block.length.bytes != 0)
+            survey.found.push_back(block);
     }
-    return blocks;
+    return survey;
 }
 
 RegionSurvey surveyRegion(const EditorState& state, const RegionKind& kind)
@@ -125,10 +134,15 @@ RegionSurvey surveyRegion(const EditorState& state, const RegionKind& kind)
     region.owners = ownersOf(state.config, kind.owner);
     region.lowest = lowestAddress(state.config, kind);
     region.edge = handler.descriptor().dEdge;
-    region.found = surveyBlocks(state, kind);
+    BlockSurvey survey = surveyBlocks(state, kind);
+    region.found = std::move(survey.found);
+    region.missing = survey.missing;
     // Without areas there is none whose block could be the one stored last.
-    if (kind.owner == BlockOwner::kRoom || !region.found.empty())
+    if (region.missing.isNothing() && (kind.owner == BlockOwner::kRoom || !region.found.empty()))
         region.freeSpace = handler.freeSpace();
+    region.pointerFileOffset = [handler](std::uint32_t entry) {
+        return handler.entryFileOffset(entry);
+    };
     region.fileOffset = [handler](std::uint16_t cpuAddress) {
         return handler.dataFileOffset(cpuAddress);
     };
@@ -150,19 +164,32 @@ RegionSurvey surveyTruckPatterns(const EditorState& state)
     region.edge =
         static_cast<std::int32_t>(address(state.config, MiscField::bpahTruckMovement_dMemEdge));
     for (std::uint32_t set = 0; set < std::min(region.owners, kMostSurveyedEntries); ++set) {
+        if (trucks.pointerOffset(set) >= image.size()) {
+            region.missing.addPointer(set);
+            continue;
+        }
         const std::uint32_t last = trucks.lastPhase(set);
         const bool hasEnd = (trucks.phase(set, last) & TruckMovementRegion::kLastPhaseMark) != 0;
-        region.found.push_back(
-            {set, static_cast<std::int32_t>(start + trucks.pointer(set)), {last + 1, hasEnd}});
+        const SurveyedBlock pattern = {
+            set, static_cast<std::int32_t>(start + trucks.pointer(set)), {last + 1, hasEnd}};
+        if (hasPhases(image, trucks, pattern))
+            region.found.push_back(pattern);
+        else
+            region.missing.addBlock(pattern);
     }
     // The pattern of the table's last set is taken to be the one stored last.
-    if (region.owners > 0) {
+    if (region.owners > 0 && region.missing.isNothing()) {
         const std::uint32_t last = region.owners - 1;
         const std::uint32_t end = start + trucks.pointer(last) + trucks.lastPhase(last) + 1;
         region.freeSpace = region.edge - static_cast<std::int32_t>(end);
     }
-    region.fileOffset = [bank = state.config.value(MiscField::bpahTruckMovement_bank)](
-                            std::uint16_t cpuAddress) { return truckFileOffset(bank, cpuAddress); };
+    region.fileOffset = [&config = state.config](std::uint16_t cpuAddress) {
+        return TruckMovementRegion::fileOffset(config, cpuAddress);
+    };
+    region.pointerFileOffset = [&config = state.config](std::uint32_t set) {
+        return TruckMovementRegion::fileOffset(
+            config, config.value(MiscField::bpahTruckMovement_pMemStart) + set);
+    };
     return region;
 }
 

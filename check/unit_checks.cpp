@@ -1,9 +1,12 @@
 #include "check/check_families.h"
+#include "check/missing_places.h"
 #include "gfx/graphics_state.h"
 #include "pages/unit_list.h"
 #include "pages/vram_load_list.h"
 #include "rom/number_text.h"
+#include "store/file_offsets.h"
 
+#include <algorithm>
 #include <bitset>
 #include <map>
 #include <unordered_set>
@@ -25,12 +28,17 @@ void checkUnitTypes(const EditorState& state, Findings& findings)
     std::unordered_set<std::uint16_t> seen;
     for (std::uint32_t room = 0; room < state.config.roomCount(); ++room) {
         handler.selectRoom(room);
+        if (!entryLiesInFile(state.rom, handler, room))
+            continue;
         if (!seen.insert(handler.pointerOf()).second)
             continue;
         std::map<std::uint8_t, TypeUse> unnamed;
         const std::uint32_t count = UnitList(handler).count();
         if (handler.pointerOf() + count * UnitRecord::kBytes >= handler.descriptor().dEdge)
             continue; // it has no end mark, and what it runs through are no units
+        if (!blockLiesInFile(state.rom, handler, handler.pointerOf(),
+                             count * UnitRecord::kBytes + 1))
+            continue;
         for (std::uint32_t i = 0; i < count; ++i) {
             const std::uint8_t type = handler.dataByte(i * UnitRecord::kBytes);
             if (state.names.hasUnitName(type))
@@ -41,7 +49,7 @@ void checkUnitTypes(const EditorState& state, Findings& findings)
         for (const auto& [type, use] : unnamed) {
             const std::uint16_t place = handler.pointerOf(room, use.first * UnitRecord::kBytes);
             findings.push_back({FindingKind::kUnnamedUnitType, room, handler.dataFileOffset(place),
-                                "Unit " + decimalText(use.first) + " is of type " + hexText(type)
+                                "Unit " + hexText(use.first) + " is of type " + hexText(type)
                                     + ", which has no name" + suchText(use.count, "unit") + "."});
         }
     }
@@ -53,29 +61,39 @@ void checkLoads(const EditorState& state, Findings& findings)
     PointerArrayHandler handler = state.store.pahTileLoadType2;
     std::bitset<256> seen;
     std::unordered_set<std::uint16_t> seenLists;
-    const std::int32_t entries = handler.entryCount();
-    for (std::int32_t entry = 0; entry < entries; ++entry) {
-        handler.selectRoom(static_cast<std::uint32_t>(entry));
+    MissingPlaces missing("record");
+    const auto entries = static_cast<std::uint32_t>(std::max(handler.entryCount(), 0));
+    for (std::uint32_t entry = 0; entry < entries; ++entry) {
+        handler.selectRoom(entry);
+        if (!entryLiesInFile(state.rom, handler, entry))
+            continue;
         if (!seenLists.insert(handler.pointerOf()).second)
             continue;
         const VramLoadList list(handler);
         const std::uint32_t count = list.shownCount();
+        if (!blockLiesInFile(state.rom, handler, handler.pointerOf(), count + 1))
+            continue;
         for (std::uint32_t i = 0; i < count; ++i) {
             const std::uint8_t id = list.id(i);
             if (seen.test(id))
                 continue;
             seen.set(id);
+            const std::uint32_t place = state.graphics.loadRecordOffset(id);
+            if (!liesInFile(state.rom, neighbours(place, kLoadRecordBytes))) {
+                missing.add(entry, place, "Load record " + hexText(id) + " ends");
+                continue;
+            }
             const LoadRecord record = state.graphics.loadRecord(id);
             if (record.length == 0 || record.destination + record.length <= kPatternMemorySize)
                 continue;
-            findings.push_back(
-                {FindingKind::kLoadPastPatternMemory, static_cast<std::uint32_t>(entry),
-                 state.graphics.loadRecordOffset(id),
-                 "Load record " + hexText(id) + " fills " + addressText(record.destination) + " to "
-                     + addressText(record.destination + record.length - 1)
-                     + ", past the end of pattern memory, $2000."});
+            findings.push_back({FindingKind::kLoadPastPatternMemory, entry, place,
+                                "Load record " + hexText(id) + " fills "
+                                    + addressText(record.destination) + " to "
+                                    + addressText(record.destination + record.length - 1)
+                                    + ", past the end of pattern memory, $2000."});
         }
     }
+    missing.report(findings);
 }
 
 } // namespace

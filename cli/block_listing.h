@@ -15,17 +15,22 @@ namespace velko {
 struct ListedBlock {
     std::uint32_t room = 0;
     std::optional<std::uint16_t> pointer; // nothing when it lies past the end of the file
-    std::uint32_t length = 0;             // bytes; 0 without a pointer
+    // Bytes; nothing where the block, as far as it can be read, does not end in the file.
+    std::optional<std::uint32_t> length;
     std::vector<std::uint32_t> sharedWith;
 };
 
-// The blocks of one kind of all rooms, or of one.
-std::vector<ListedBlock> listBlocks(const EditorState& state, const BlockKind& kind,
-                                    std::optional<std::uint32_t> onlyRoom = std::nullopt);
+struct BlockListing {
+    std::vector<ListedBlock> blocks;
+    // Bytes, as the editor shows them; nothing where it would count with what is not in the file.
+    std::optional<std::int32_t> freeSpace;
+};
 
-void writeListing(std::ostream& out, const std::vector<ListedBlock>& blocks,
-                  std::int32_t freeSpace);
-void writeListingAsJson(std::ostream& out, const std::vector<ListedBlock>& blocks,
-                        std::int32_t freeSpace);
+// The blocks of one kind of all rooms, or of one. The free space is that of all.
+BlockListing listBlocks(const EditorState& state, const BlockKind& kind,
+                        std::optional<std::uint32_t> onlyRoom = std::nullopt);
+
+void writeListing(std::ostream& out, const BlockListing& listing);
+void writeListingAsJson(std::ostream& out, const BlockListing& listing);
 
 } // namespace velko

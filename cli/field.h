@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/file_offsets.h"
 #include "state/editor_state.h"
+#include "store/file_offsets.h"
 
 #include <cstdint>
 #include <functional>

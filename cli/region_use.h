@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -21,11 +22,15 @@ struct RegionUse {
     std::uint32_t tableOffset = 0;               // in the file
     std::uint32_t entries = 0;                   // of the table; rooms come first
     std::map<std::uint16_t, RegionBlock> blocks; // by CPU address; without those of length 0
-    std::uint32_t usedBytes = 0;   // that belong to a block, counted once where blocks overlap
-    std::uint32_t unusedBytes = 0; // between the lowest block and the end of the highest, in none
+    std::uint32_t usedBytes = 0; // that belong to a block, counted once where blocks overlap
+    // Where a pointer or a block is not in the file, `blocks` has neither, and the next two are
+    // not known.
+    //
+    // Between the lowest block and the end of the highest, in none.
+    std::optional<std::uint32_t> unusedBytes;
     // What the editor shows as free, above the highest block: by its rules, which look at the
     // first two bytes of the highest unit list only. May be negative.
-    std::int32_t freeBytes = 0;
+    std::optional<std::int32_t> freeBytes;
 
     // Blocks that several entries point at.
     std::uint32_t sharedBlocks() const;

@@ -61,8 +61,7 @@ public:
 private:
     static std::uint32_t offsetOf(const EditorState& state, std::uint32_t cpuAddress)
     {
-        return state.config.value(MiscField::bpahTruckMovement_bank) * kBankSize
-            + (cpuAddress & 0x7FFF) + kHeaderSize;
+        return TruckMovementRegion::fileOffset(state.config, cpuAddress);
     }
 };
 

@@ -1,7 +1,7 @@
 #include "cli/verb_check.h"
 
 #include "check/rom_check.h"
-#include "cli/json.h"
+#include "cli/known_number.h"
 #include "cli/report_verb.h"
 #include "rom/number_text.h"
 
@@ -44,17 +44,12 @@ void writeText(std::ostream& out, const std::string& rom, const Findings& findin
         << countText(counts[2], "note") << '\n';
 }
 
-Json toJson(const std::optional<std::uint32_t>& number)
-{
-    return number ? Json(*number) : Json(nullptr);
-}
-
 Json toJson(const Finding& finding)
 {
     return {{"severity", severityName(severityOf(finding.kind))},
             {"code", codeOf(finding.kind)},
-            {"room", toJson(finding.room)},
-            {"area", toJson(finding.area)},
+            {"room", numberJson(finding.room)},
+            {"area", numberJson(finding.area)},
             {"offset", finding.fileOffset},
             {"text", finding.text}};
 }

@@ -3,11 +3,11 @@
 #include "cli/answering_prompt.h"
 #include "cli/arguments.h"
 #include "cli/block_listing.h"
-#include "cli/file_offsets.h"
 #include "cli/game.h"
 #include "cli/output_file.h"
 #include "pages/data_management_model.h"
 #include "rom/number_text.h"
+#include "store/file_offsets.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -191,10 +191,8 @@ ExitStatus DataVerb::show(const Context& context, const EditorState& state) cons
 {
     if (const auto part = missingPart(state, Operation::kShow))
         return context.fail(*part + kPastEnd, ExitStatus::kFindings);
-    const BlockKind& blocks = blockKind(kind());
-    const std::int32_t freeSpace = (state.store.*blocks.handler).freeSpace();
     const auto write = m_json ? writeListingAsJson : writeListing;
-    write(context.out(), listBlocks(state, blocks, m_room), freeSpace);
+    write(context.out(), listBlocks(state, blockKind(kind()), m_room));
     return ExitStatus::kFine;
 }
 

@@ -1,10 +1,11 @@
 #include "cli/verb_info.h"
 
-#include "cli/json.h"
+#include "cli/known_number.h"
 #include "cli/region_use.h"
 #include "cli/report_verb.h"
 #include "rom/number_text.h"
 #include "store/block_lengths.h"
+#include "store/file_offsets.h"
 
 #include <iomanip>
 
@@ -22,6 +23,8 @@ struct Header {
 
 Header headerOf(const RomImage& rom)
 {
+    if (rom.size() < kHeaderSize)
+        return {};
     constexpr std::string_view kMagic = "NES\x1A";
     for (std::uint32_t i = 0; i < kMagic.size(); ++i) {
         if (rom.readByte(i) != static_cast<std::uint8_t>(kMagic[i]))
@@ -48,7 +51,8 @@ std::uint32_t roomsWithMap(const EditorState& state)
     const PointerArrayHandler& layout = state.store.pahMapLayout;
     std::uint32_t rooms = 0;
     for (std::uint32_t room = 0; room < state.config.roomCount(); ++room) {
-        if (layout.entryByte(kMapWidthByte, room) >= kNewLayoutWidth
+        if (entryLiesInFile(state.rom, layout, room)
+            && layout.entryByte(kMapWidthByte, room) >= kNewLayoutWidth
             && layout.entryByte(kMapHeightByte, room) >= kNewLayoutHeight)
             ++rooms;
     }
@@ -86,10 +90,14 @@ Json jsonOf(const RegionUse& region)
             shared.push_back(
                 {{"address", address}, {"length", block.length}, {"entries", block.entries}});
     }
-    return {{"region", region.key},      {"tableOffset", region.tableOffset},
-            {"entries", region.entries}, {"blocks", region.blocks.size()},
-            {"used", region.usedBytes},  {"unused", region.unusedBytes},
-            {"free", region.freeBytes},  {"shared", shared}};
+    return {{"region", region.key},
+            {"tableOffset", region.tableOffset},
+            {"entries", region.entries},
+            {"blocks", region.blocks.size()},
+            {"used", region.usedBytes},
+            {"unused", numberJson(region.unusedBytes)},
+            {"free", numberJson(region.freeBytes)},
+            {"shared", shared}};
 }
 
 void writeAsJson(std::ostream& out, const RomFacts& facts)
@@ -113,8 +121,8 @@ void write(std::ostream& out, const RegionUse& region)
     out << std::left << std::setw(20) << region.key << std::right << std::setw(7)
         << hexText(region.tableOffset) << std::setw(9) << region.entries << std::setw(8)
         << region.blocks.size() << std::setw(8) << region.sharedBlocks() << std::setw(9)
-        << region.usedBytes << std::setw(9) << region.unusedBytes << std::setw(9)
-        << region.freeBytes << '\n';
+        << region.usedBytes << std::setw(9) << numberText(region.unusedBytes) << std::setw(9)
+        << numberText(region.freeBytes) << '\n';
 }
 
 void write(std::ostream& out, const RomFacts& facts)

@@ -13,8 +13,6 @@ namespace {
 constexpr std::uint32_t kFirstSpriteEntry = 16;
 constexpr std::uint32_t kEntriesPerSet = 4;
 
-// A record of the type-2 load table.
-constexpr std::uint32_t kLoadRecordBytes = 5;
 constexpr std::uint8_t kLoadListEnd = 0x80; // this byte and any above it
 
 constexpr std::uint8_t reversedBits(std::uint8_t byte)

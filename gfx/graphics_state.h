@@ -23,6 +23,9 @@ struct UnitAnimation {
     std::uint8_t delay = 0;          // ticks before the next frame
 };
 
+// Of a record of the type-2 load table.
+inline constexpr std::uint32_t kLoadRecordBytes = 5;
+
 // What one number of a type-2 load list does.
 struct LoadRecord {
     std::uint32_t source = 0;      // file offset; it may lead on into the following banks

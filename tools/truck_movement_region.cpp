@@ -34,9 +34,9 @@ std::uint32_t TruckMovementRegion::patternSets() const
     return edge > start ? edge - start : 0;
 }
 
-std::uint32_t TruckMovementRegion::fileOffset(std::uint32_t cpuAddress) const
+std::uint32_t TruckMovementRegion::fileOffset(const GameConfig& config, std::uint32_t cpuAddress)
 {
-    return m_config.value(MiscField::bpahTruckMovement_bank) * kBankSize + (cpuAddress & 0x7FFF)
+    return config.value(MiscField::bpahTruckMovement_bank) * kBankSize + (cpuAddress & 0x7FFF)
         + kHeaderSize;
 }
 

@@ -29,6 +29,10 @@ public:
     // empty table it stays unknown.
     TruckMovementRegion(RomImage& rom, const GameConfig& config);
 
+    // File offset of a CPU address in the bank of the patterns and the one behind it, which lie one
+    // after the other in the file.
+    static std::uint32_t fileOffset(const GameConfig& config, std::uint32_t cpuAddress);
+
     // The length of the pointer table; 0 when its end lies before its start.
     std::uint32_t patternSets() const;
 
@@ -63,7 +67,10 @@ public:
     EditResult deleteBytes(std::uint32_t offset, std::uint32_t count);
 
 private:
-    std::uint32_t fileOffset(std::uint32_t cpuAddress) const;
+    std::uint32_t fileOffset(std::uint32_t cpuAddress) const
+    {
+        return fileOffset(m_config, cpuAddress);
+    }
     // File offset of a position in the data region.
     std::uint32_t dataOffset(std::uint32_t position) const;
     // The position behind the last used byte.

@@ -65,6 +65,18 @@ TEST_F(OverworldCheck, MovementListOfATableEntryBehindTheAreas)
                             "insertion overwrites."));
 }
 
+// What it counts is no area's business.
+TEST_F(OverworldCheck, TableEntryBehindTheAreasWithHalfAMovement)
+{
+    game.config.pahMapAreaMovement.pMemEdge = 0xA008;
+    game.setPointer(kMovement, 3, 0xA10E);
+    game.bytes[CheckRom::kMovementLists + 14] = 3;
+    EXPECT_THAT(check(),
+                ElementsAre("block-in-free-space area:3 211e The movement list of table entry 3, "
+                            "$a10e to $a112, reaches into the free space at $a10e, which the next "
+                            "insertion overwrites."));
+}
+
 TEST_F(OverworldCheck, OverlappingMovementLists)
 {
     game.setPointer(kMovement, 1, 0xA106); // where area 2 has its first entry

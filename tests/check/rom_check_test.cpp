@@ -443,6 +443,12 @@ TEST_F(RomCheck, RoomsAroundRoomZeroNeedNoWayIn)
     EXPECT_THAT(check(), ElementsAre(::testing::StartsWith("unreachable-group 2 3418 ")));
 }
 
+TEST_F(RomCheck, RoomZeroAloneNeedsNoWayIn)
+{
+    game.write(CheckRom::kExitRooms + 4 * 1, {2, 1, 1, 1, 3, 2, 2, 2, 1, 3, 3, 3});
+    EXPECT_THAT(check(), IsEmpty());
+}
+
 TEST_F(RomCheck, GameWithoutDoorTables)
 {
     game.config.setValue(MiscField::roomEntrances, 0);
@@ -468,6 +474,17 @@ TEST_F(RomCheck, UnitTypesWithoutAName)
                             "unnamed-unit-type 2 7025 Unit 4 is of type 8, which has no name.",
                             "unnamed-unit-type 2 7016 Unit 1 is of type 90, which has no name (2 "
                             "such units)."));
+}
+
+TEST_F(RomCheck, UnitNumbersAreHexadecimal)
+{
+    Bytes units(11 * 5);
+    for (std::size_t unit = 0; unit < 11; ++unit)
+        units[5 * unit] = unit == 10 ? 7 : 6;
+    game.setUnits(2, units);
+    game.setUnits(3, {}); // so that the list does not reach into free space
+    EXPECT_THAT(check(),
+                ElementsAre("unnamed-unit-type 2 7043 Unit a is of type 7, which has no name."));
 }
 
 TEST_F(RomCheck, LoadRecordPastPatternMemory)

@@ -105,7 +105,12 @@ TEST_F(CliTest, CheckOfACutRomTellsErrors)
     const auto outcome = run({"check", write("cut.nes", bytes), "--json"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_GT(outcome.json()["errors"], 100);
+    const auto document = outcome.json();
+    EXPECT_EQ(document["errors"], 11);
+    EXPECT_EQ(document["findings"][0]["code"], "past-end-of-file");
+    EXPECT_EQ(document["findings"][0]["severity"], "error");
+    EXPECT_EQ(document["findings"][0]["offset"], 0x3D010);
+    EXPECT_EQ(document["findings"][0]["room"], 0);
 }
 
 TEST(CheckDocumentation, TellsEveryCode)

@@ -83,15 +83,34 @@ TEST_F(DataVerbTest, PointersPastTheEndOfTheFileAreTold)
     const std::string rom = write("cut.nes", bytes);
     const auto list = data({rom, "list", "--kind", "palette"});
     EXPECT_EQ(list.status, 0);
-    EXPECT_THAT(list.out, HasSubstr("\n   4     8220      32\n   5  past the end of the file\n"));
-    const auto blocks = data({rom, "list", "--kind", "palette", "--json"}).json()["blocks"];
+    EXPECT_THAT(list.out, HasSubstr("\n   4     8220       -\n   5  past the end of the file\n"));
+    EXPECT_THAT(list.out, EndsWith("\nfree: -\n"));
+    const auto document = data({rom, "list", "--kind", "palette", "--json"}).json();
+    EXPECT_EQ(document["free"], nullptr);
+    const auto& blocks = document["blocks"];
+    EXPECT_EQ(blocks[4]["pointer"], 0x8220);
+    EXPECT_EQ(blocks[4]["length"], nullptr);
     EXPECT_EQ(blocks[5]["pointer"], nullptr);
-    EXPECT_EQ(blocks[5]["length"], 0);
+    EXPECT_EQ(blocks[5]["length"], nullptr);
     EXPECT_EQ(blocks[5]["sharedWith"], nlohmann::json::array());
     const auto show = data({rom, "show", "--kind", "palette", "--room", "5"});
     EXPECT_EQ(show.status, 1);
     EXPECT_EQ(show.out, "");
     EXPECT_EQ(show.err, "velko-cli: the pointer of room 5 lies past the end of the file\n");
+}
+
+// The free space is that of all rooms, whichever is shown.
+TEST_F(DataVerbTest, BlocksPastTheEndOfTheFileHaveNoLength)
+{
+    Bytes bytes = demoBytes();
+    const std::uint32_t end = 0x2C010 + 0x220; // of room 0's palette; room 4's follows
+    bytes.resize(end);
+    const std::string rom = write("cut.nes", bytes);
+    EXPECT_EQ(data({rom, "show", "--kind", "palette", "--room", "4"}).out,
+              "room  pointer  length  shared with\n   4     8220       -  6\nfree: -\n");
+    const auto document = data({rom, "show", "--kind", "palette", "--room", "0", "--json"}).json();
+    EXPECT_EQ(document["blocks"][0]["length"], 32);
+    EXPECT_EQ(document["free"], nullptr);
 }
 
 // --- Every operation, beside the window's

@@ -124,6 +124,47 @@ TEST_F(InfoVerb, CutRomIsToldAsItIs)
                 HasSubstr("size: 49173 bytes, 3 banks of 16 KB and 5 bytes\n"));
 }
 
+TEST_F(InfoVerb, WhatIsPastTheEndOfTheFileIsNotTold)
+{
+    auto bytes = demoBytes();
+    bytes.resize(0x28100); // of the tables, that of the Tile32 sets is left
+    const auto info = infoOf(bytes);
+    EXPECT_EQ(info["roomsWithMap"], 0);
+    for (const auto& region : info["regions"]) {
+        const bool isThere = region["region"] == "pahTile32";
+        EXPECT_EQ(region["blocks"], isThere ? 29 : 0) << region;
+        EXPECT_EQ(region["used"], isThere ? 29 * 1024 : 0) << region;
+        EXPECT_EQ(region["unused"], isThere ? nlohmann::json(1024) : nlohmann::json()) << region;
+        EXPECT_EQ(region["free"], isThere ? nlohmann::json(1024) : nlohmann::json()) << region;
+    }
+    EXPECT_THAT(run({"info", path("test.nes")}).out,
+                HasSubstr("\npahMapAlloc           3d010      113       0       0        0"
+                          "        -        -\n"));
+}
+
+TEST_F(InfoVerb, BlocksInTheFileAreCountedWhereOthersAreNot)
+{
+    auto bytes = demoBytes();
+    bytes.resize(0x2C010 + 0x240); // the palettes of rooms 0 to 3, and of 4, are left
+    const auto palettes = infoOf(bytes)["regions"][4];
+    EXPECT_EQ(palettes["blocks"], 2);
+    EXPECT_EQ(palettes["used"], 64);
+    EXPECT_TRUE(palettes["unused"].is_null());
+    EXPECT_TRUE(palettes["free"].is_null());
+}
+
+TEST_F(InfoVerb, RoomsAreCountedAsFarAsTheTableGoes)
+{
+    auto bytes = demoBytes();
+    bytes.resize(0x3D110 + 4 * 2 + 3); // room 2's height is missing
+    EXPECT_EQ(infoOf(bytes)["roomsWithMap"], 2);
+}
+
+TEST_F(InfoVerb, HalfAHeaderIsNone)
+{
+    EXPECT_TRUE(infoOf({'N', 'E', 'S', 0x1A, 16, 0}).at("header").is_null());
+}
+
 TEST_F(InfoVerb, OneByteIsARomWithoutHeader)
 {
     const auto info = infoOf({0x4E});

@@ -23,5 +23,9 @@ FileOffsets blockOffsets(const PointerArrayHandler& handler, std::uint32_t room,
 
 // Whether all of them lie in the file.
 bool liesInFile(const RomImage& rom, std::span<const std::uint32_t> offsets);
+// The same for a room's entry in the table, and for a block of `length` bytes at a CPU address.
+bool entryLiesInFile(const RomImage& rom, const PointerArrayHandler& handler, std::uint32_t room);
+bool blockLiesInFile(const RomImage& rom, const PointerArrayHandler& handler,
+                     std::uint16_t cpuAddress, std::uint32_t length);
 
 } // namespace velko
