@@ -3,6 +3,7 @@
 #include "check/region_survey.h"
 #include "rom/number_text.h"
 #include "tools/area_movement.h"
+#include "tools/overworld_map.h"
 #include "tools/truck_movement_region.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace velko {
 
 namespace {
 
-constexpr std::uint32_t kMostTrucks = 256; // however many the configuration tells
 constexpr std::uint32_t kDirections = 8;
 
 // Lists that areas share are told once, for the first of them.
@@ -40,7 +40,7 @@ void checkMovementCounts(const EditorState& state, Findings& findings)
 void checkTrucks(const EditorState& state, std::uint32_t patternSets, Findings& findings)
 {
     const std::uint32_t trucks =
-        std::min(state.config.value(MiscField::numOfMapTrucks), kMostTrucks);
+        std::min(state.config.value(MiscField::numOfMapTrucks), OverworldMap::kMostTrucks);
     MissingPlaces missing("byte");
     const std::uint32_t lastArea = state.config.value(MiscField::areas);
     for (std::uint32_t truck = 0; truck < trucks; ++truck) {
